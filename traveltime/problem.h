@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <utility>
+
+/// What went wrong in a conversion, and where: told beside a function's result, and beside the text
+/// of an exception, which both say less. Functions that take one fill `line` as they read and
+/// `detail` when something is wrong.
+struct Problem
+{
+    std::string file = {};   ///< as the caller named it
+    std::size_t line = 0;    ///< counted from 1; 0 where no line can be named
+    std::string detail = {}; ///< empty while nothing is wrong
+    std::string remark = {}; ///< what the user should know although nothing is wrong
+};
+
+/// Tells what is wrong, unless something was wrong before.
+inline void tell(Problem &problem, std::string detail)
+{
+    if (problem.detail.empty())
+        problem.detail = std::move(detail);
+}

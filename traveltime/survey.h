@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// Where one receiver stood, in the length unit of the input file.
+struct ReceiverPosition
+{
+    double x = 0.0;
+    double elevation = 0.0;
+};
+
+/// The receivers of one layout, in recording order; shared by every shot recorded on it.
+using Spread = std::vector<ReceiverPosition>;
+
+/// Where one shot was fired, in the length unit of the input file.
+struct Shot
+{
+    double x = 0.0;
+    double elevation = 0.0;
+    std::string name;
+};
+
+/// The first breaks picked for one shot.
+struct ShotTraveltimes
+{
+    std::uint32_t spreadIndex = 0; ///< from 0, into the survey's spreads
+    std::uint32_t shotIndex = 0;   ///< from 0
+    double shotX = 0.0;
+    double shotElevation = 0.0;
+    std::vector<double> times; ///< seconds, one per receiver of the spread, in its order
+};
+
+/// A refraction survey as the readers fill it and the writer writes it. The three collections
+/// travel together as arguments, always in this order.
+///
+/// A vendor reader takes the input path and the three collections, appends to them and returns 0
+/// for success; content that it cannot read raises std::out_of_range or std::invalid_argument with
+/// the texts that users of the program know. Each reader comes in two forms that do the same: the
+/// second also fills a Problem, for callers that tell the user where the file is wrong.
+struct TraveltimeSurvey
+{
+    std::vector<ShotTraveltimes> traveltimes;
+    std::vector<Spread> spreads;
+    std::vector<Shot> shots;
+};
+
+/// True when both layouts hold the same positions in the same order, compared exactly. `a` is a
+/// spread of the survey and `b` the candidate: an empty `a` is the same as nothing, so a shot
+/// without receivers never shares a spread.
+bool sameSpread(const Spread &a, const Spread &b);
+
+/// Index of the first spread that is the same as `receivers`, which is appended when none is.
+std::uint32_t findOrAddSpread(std::vector<Spread> &spreads, const Spread &receivers);

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "traveltime/problem.h"
+
+#include <cstdint>
+#include <fstream>
+#include <istream>
+#include <string>
+#include <vector>
+
+// Numbers here are read and printed with "." as the decimal point whatever the user's locale is.
+
+/// Splits `str` at runs of any character of `delimiters` into `tokens`, which is emptied first. No
+/// field is empty. A line that begins with a delimiter has one field more, in front: all of the
+/// line from its first other character on (";3;4" gives "3;4", "3", "4"); surveys in the field
+/// count on it. Throws std::out_of_range "invalid string position" for a line of delimiters alone.
+void tokenize(const std::string &str, std::vector<std::string> &tokens,
+              const std::string &delimiters);
+
+/// Reads up to the next line feed, drops one carriage return or line feed at the end, then leading
+/// spaces. Past the end of the stream `line` is empty.
+void readLine(std::istream &stream, std::string &line);
+
+/// Removes leading spaces (code 32 alone: tabs stay).
+void trimLeadingSpaces(std::string &line);
+
+/// The longest number that begins `text`, with everything that atof takes: leading white space, a
+/// sign, hexadecimal, "inf", "nan". 0 when there is none.
+double toDouble(const std::string &text);
+
+/// As toDouble, but throws std::invalid_argument "invalid stod argument" when `text` begins with no
+/// number and std::out_of_range "stod argument out of range" when a double cannot hold it.
+double toDoubleOrThrow(const std::string &text);
+
+/// The decimal integer that begins `text`, after white space; 0 when there is none. A value outside
+/// of 64 bits is clamped to them; of the result the low 32 bits are kept.
+std::int32_t toInt(const std::string &text);
+
+/// Appends `value` as an output stream prints it: general notation, six significant digits.
+void appendNumber(std::string &text, double value);
+
+/// `value` in fixed notation with six digits after the point.
+std::string fixedNumber(double value);
+
+/// Opens a file for reading as text. A folder, which some systems open and then cannot read, counts
+/// as not opened.
+std::ifstream openText(const std::string &path);
+
+/// Reads up to the next line feed and counts the line in problem.line. A carriage return stays;
+/// past the end of the stream `line` is empty.
+void nextLine(std::istream &stream, std::string &line, Problem &problem);
+
+/// Splits a line with tokenize, and tells `problem` why a line of delimiters alone has no fields.
+void splitLine(const std::string &line, std::vector<std::string> &fields,
+               const std::string &delimiters, Problem &problem);
+
+/// Throws std::out_of_range "invalid vector subscript" when there are fewer fields than `expected`.
+void requireFields(const std::vector<std::string> &fields, std::size_t expected, Problem &problem);
+
+/// "1 shot", "2 shots": for the details of a Problem.
+std::string counted(std::size_t count, const std::string &noun);
