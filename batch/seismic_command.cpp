@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#include "batch/seismic_command.h"
+
+#include "batch/report.h"
+#include "batch/whole_file.h"
+#include "seg2/dolang_conversion.h"
+#include "seg2/su_conversion.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <iostream>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace {
+
+/// Makes a record's listing and its SEG2 file, both whole or neither.
+bool writeBoth(const std::string &listingPath, const std::string &seg2Path,
+               const std::function<bool(const std::string &, const std::string &)> &write,
+               Problem &problem)
+{
+    return writeWhole(
+        listingPath,
+        [&](const std::string &listing) {
+            return writeWhole(
+                seg2Path, [&](const std::string &seg2) { return write(listing, seg2); }, problem);
+        },
+        problem);
+}
+
+bool convertSu(const std::string &path, Problem &problem)
+{
+    if (!isReadable(path, problem))
+        return false;
+    const std::string base = beforeLastDot(path);
+    if (path == base + ".seg2" || path == base + "_tmp") {
+        problem.detail = "the output would replace this input";
+        return false;
+    }
+    return writeBoth(
+        base + "_tmp", base + ".seg2",
+        [&](const std::string &listing, const std::string &seg2) {
+            return attempt([&] { return convertSuToSeg2(path, listing, seg2, problem); }, problem);
+        },
+        problem);
+}
+
+bool convertDolang(const std::string &base, Problem &problem)
+{
+    for (const DolangKind &kind : dolangKinds) {
+        if (!isReadable(base + kind.headerExtension, problem))
+            return false;
+        const bool whole = writeBoth(
+            kind.listingName, base + kind.seg2Ending,
+            [&](const std::string &listing, const std::string &seg2) {
+                return attempt(
+                    [&] { return convertDolangKind(base, kind, listing, seg2, problem) ? 0 : 1; },
+                    problem);
+            },
+            problem);
+        if (!whole)
+            return false;
+    }
+    return true;
+}
+
+/// The bases of the Dolang sets named, each once, though all three headers may be named.
+std::vector<std::string> dolangBases(const std::vector<std::string> &files)
+{
+    QStringList bases;
+    for (const std::string &file : files) {
+        QString base = QString::fromStdString(file);
+        for (const DolangKind &kind : dolangKinds)
+            if (base.endsWith(QLatin1String(kind.headerExtension)))
+                base.chop(4);
+        bases << base;
+    }
+    bases.removeDuplicates();
+    std::vector<std::string> names;
+    for (const QString &base : std::as_const(bases))
+        names.push_back(base.toStdString());
+    return names;
+}
+
+bool isTerminal()
+{
+#ifdef _WIN32
+    return false;
+#else
+    return isatty(STDERR_FILENO) == 1;
+#endif
+}
+
+} // namespace
+
+int runSeismic(const std::string &format, const std::vector<std::string> &files, bool echo)
+{
+    if (!echo)
+        std::cout.setstate(std::ios::badbit);
+    const bool isDolang = format == "dolang";
+    const std::vector<std::string> inputs = isDolang ? dolangBases(files) : files;
+    int status = converted;
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+        if (isTerminal())
+            std::cerr << i + 1 << '/' << inputs.size() << ' ' << inputs[i] << '\n';
+        Problem problem;
+        const bool whole =
+            isDolang ? convertDolang(inputs[i], problem) : convertSu(inputs[i], problem);
+        report(problem);
+        if (!whole)
+            status = conversionFailed;
+    }
+    return status;
+}

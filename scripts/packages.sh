@@ -1,0 +1,31 @@
+# SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+# SPDX-License-Identifier: MIT
+
+# For ./run and ./test: installs the Debian packages given that are missing. Without the right to
+# install them, prints the one line to type and stops.
+need_packages() {
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        echo "This is not Debian or Ubuntu. Please install a C++20 compiler, CMake 3.25, Ninja and Qt 6" >&2
+        echo "(Core, Gui, Widgets), for ./test also Qt Test, GoogleTest, Python 3 and the locale" >&2
+        echo "de_DE.UTF-8; then build with: cmake --preset release && cmake --build --preset release" >&2
+        exit 1
+    fi
+    missing=
+    for package in "$@"; do
+        state=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) || true
+        [ "$state" = installed ] || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    as_root=
+    if [ "$(id -u)" != 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Packages are missing. Please type, as root:" >&2
+            echo "apt-get update && apt-get install -y$missing" >&2
+            exit 1
+        fi
+        as_root=sudo
+    fi
+    echo "Installing:$missing"
+    $as_root apt-get update -qq
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
