@@ -26,7 +26,8 @@ bool startsWith(const std::string &keyword, const OpenFile &file, Problem &probl
 {
     if (!file.fields.empty() && file.fields.front() == keyword)
         return true;
-    tell(problem, '"' + keyword + "\" expected");
+    const bool hasReturn = !file.fields.empty() && file.fields.front() == keyword + '\r';
+    tell(problem, '"' + keyword + "\" expected" + (hasReturn ? ", then LF and not CR LF" : ""));
     return false;
 }
 
@@ -106,6 +107,7 @@ void readRows(std::istream &stream, std::int32_t receiverCount, double elevation
     double x = 0.0;
     double time = 0.0;
     std::uint32_t unused = 0;
+    ++problem.line;
     for (std::int32_t i = 0; i < receiverCount; ++i) {
         extract(stream, receiverNumber, problem);
         extract(stream, x, problem);
@@ -122,6 +124,8 @@ void readRows(std::istream &stream, std::int32_t receiverCount, double elevation
         receivers[static_cast<std::size_t>(i)] = {x, elevation};
         times.push_back(time);
     }
+    if (stream)
+        --problem.line; // the rest of the last row's line is read, and counted, as a line
 }
 
 /// The working receiver list, as long as the first block with receivers says.
@@ -161,12 +165,17 @@ std::int32_t readGeogigaTraveltimes(const std::string &path,
     if (!readHeader(file, elevation, shotCount, problem))
         return 1;
 
+    if (shotCount == 0)
+        problem.remark = "there are no shots in this file";
     Spread receivers;
     for (std::uint32_t shotIndex = 0; shotIndex < shotCount; ++shotIndex) {
         // What the last row of the block before left of its line comes first.
         do
             nextLine(file.stream, file.line, problem);
         while (file.line == "\r");
+
+        if (shotIndex > 0 && file.line.empty() && file.stream)
+            tell(problem, "a shot's last receiver row must end in CR LF, this one ends in LF");
 
         Shot shot{0.0, elevation, ""};
         std::string value;

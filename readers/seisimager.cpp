@@ -40,6 +40,8 @@ std::int32_t readSeisImagerTraveltimes(const std::string &path,
     splitLine(line, fields, " ", problem); // a first line of blanks alone is refused as well
     readTwoFields(stream, fields, problem);
     const std::int32_t shotCount = toInt(fields[1]);
+    if (shotCount <= 0)
+        problem.remark = "there are no shots in this file";
 
     for (std::int32_t shotNumber = 0; shotNumber < shotCount; ++shotNumber) {
         readTwoFields(stream, fields, problem);
