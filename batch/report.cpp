@@ -39,11 +39,11 @@ bool isReadable(const std::string &path, Problem &problem)
     const QFileInfo file(QString::fromStdString(path));
     problem.file = path;
     if (!file.exists())
-        problem.detail = "no such file";
+        tell(problem, "no such file");
     else if (file.isDir())
-        problem.detail = "this is a folder";
+        tell(problem, "this is a folder");
     else if (!file.isReadable())
-        problem.detail = "no permission to read this file";
+        tell(problem, "no permission to read this file");
     return problem.detail.empty();
 }
 

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <iostream>
 
 #ifndef _WIN32
@@ -33,29 +34,32 @@ bool writeBoth(const std::string &listingPath, const std::string &seg2Path,
         problem);
 }
 
-bool convertSu(const std::string &path, Problem &problem)
+bool convertSu(const std::string &path)
 {
-    if (!isReadable(path, problem))
-        return false;
+    Problem problem;
     const std::string base = beforeLastDot(path);
-    if (path == base + ".seg2" || path == base + "_tmp") {
-        problem.detail = "the output would replace this input";
-        return false;
-    }
-    return writeBoth(
-        base + "_tmp", base + ".seg2",
-        [&](const std::string &listing, const std::string &seg2) {
-            return attempt([&] { return convertSuToSeg2(path, listing, seg2, problem); }, problem);
-        },
-        problem);
+    if (path == base + ".seg2" || path == base + "_tmp")
+        problem = {path, 0, "the output would replace this input"};
+    const bool whole =
+        isReadable(path, problem)
+        && writeBoth(
+            base + "_tmp", base + ".seg2",
+            [&](const std::string &listing, const std::string &seg2) {
+                return attempt([&] { return convertSuToSeg2(path, listing, seg2, problem); },
+                               problem);
+            },
+            problem);
+    report(problem);
+    return whole;
 }
 
-bool convertDolang(const std::string &base, Problem &problem)
+/// Converts one kind of a Dolang set.
+bool convertKind(const std::string &base, const DolangKind &kind)
 {
-    for (const DolangKind &kind : dolangKinds) {
-        if (!isReadable(base + kind.headerExtension, problem))
-            return false;
-        const bool whole = writeBoth(
+    Problem problem;
+    const bool whole =
+        isReadable(base + kind.headerExtension, problem)
+        && writeBoth(
             kind.listingName, base + kind.seg2Ending,
             [&](const std::string &listing, const std::string &seg2) {
                 return attempt(
@@ -63,10 +67,14 @@ bool convertDolang(const std::string &base, Problem &problem)
                     problem);
             },
             problem);
-        if (!whole)
-            return false;
-    }
-    return true;
+    report(problem);
+    return whole;
+}
+
+bool convertDolang(const std::string &base)
+{
+    return std::all_of(dolangKinds.begin(), dolangKinds.end(),
+                       [&](const DolangKind &kind) { return convertKind(base, kind); });
 }
 
 /// The bases of the Dolang sets named, each once, though all three headers may be named.
@@ -108,11 +116,7 @@ int runSeismic(const std::string &format, const std::vector<std::string> &files,
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         if (isTerminal())
             std::cerr << i + 1 << '/' << inputs.size() << ' ' << inputs[i] << '\n';
-        Problem problem;
-        const bool whole =
-            isDolang ? convertDolang(inputs[i], problem) : convertSu(inputs[i], problem);
-        report(problem);
-        if (!whole)
+        if (!(isDolang ? convertDolang(inputs[i]) : convertSu(inputs[i])))
             status = conversionFailed;
     }
     return status;

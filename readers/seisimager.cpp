@@ -30,7 +30,7 @@ std::int32_t readSeisImagerTraveltimes(const std::string &path,
 {
     std::ifstream stream = openText(path);
     if (!stream) {
-        problem.detail = "the file cannot be opened";
+        tell(problem, "the file cannot be opened");
         return 1;
     }
 

@@ -6,10 +6,8 @@
 #include "traveltime/project_files.h"
 #include "traveltime/text.h"
 
-#include <cerrno>
 #include <fstream>
 #include <functional>
-#include <system_error>
 
 namespace {
 
@@ -22,12 +20,6 @@ void writeValues(std::ostream &stream, const Entries &entries, Value value)
         line += ';';
     }
     stream << line << '\n';
-}
-
-void tellSystemError(const std::string &path, Problem &problem)
-{
-    if (problem.detail.empty())
-        problem = {path, 0, std::generic_category().message(errno), ""};
 }
 
 } // namespace
@@ -45,7 +37,7 @@ std::int32_t writeOtteFile(const std::string &path, const std::vector<ShotTravel
 {
     std::ofstream stream(path);
     if (!stream) {
-        tellSystemError(path, problem);
+        tellSystemError(problem, path);
         return 1;
     }
 
@@ -63,6 +55,6 @@ std::int32_t writeOtteFile(const std::string &path, const std::vector<ShotTravel
 
     stream.close();
     if (!stream)
-        tellSystemError(path, problem);
+        tellSystemError(problem, path);
     return 0;
 }

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
 
 /// What went wrong in a conversion, and where: told beside a function's result, and beside the text
 /// of an exception, which both say less. Functions that take one fill `line` as they read and
@@ -19,8 +18,7 @@ struct Problem
 };
 
 /// Tells what is wrong, unless something was wrong before.
-inline void tell(Problem &problem, std::string detail)
-{
-    if (problem.detail.empty())
-        problem.detail = std::move(detail);
-}
+void tell(Problem &problem, const std::string &detail);
+
+/// The same for a file that the system refused to open or to write: its reason is in errno.
+void tellSystemError(Problem &problem, const std::string &path);

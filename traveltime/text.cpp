@@ -104,10 +104,12 @@ std::ifstream openText(const std::string &path)
 {
     std::ifstream stream;
     std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored))
+    if (std::filesystem::is_directory(path, ignored)) {
         stream.setstate(std::ios::failbit);
-    else
+        errno = EISDIR;
+    } else {
         stream.open(path);
+    }
     return stream;
 }
 

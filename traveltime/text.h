@@ -46,7 +46,7 @@ void appendNumber(std::string &text, double value);
 std::string fixedNumber(double value);
 
 /// Opens a file for reading as text. A folder, which some systems open and then cannot read, counts
-/// as not opened.
+/// as not opened (and errno says why).
 std::ifstream openText(const std::string &path);
 
 /// Reads up to the next line feed and counts the line in problem.line. A carriage return stays;

@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#include "seg2/seg2_file.h"
+
+#include "seg2/little_endian.h"
+#include "traveltime/text.h"
+
+#include <algorithm>
+#include <iostream>
+#include <stdexcept>
+#include <utility>
+
+namespace {
+
+using Strings = std::map<std::string, std::string>;
+
+constexpr std::array standardKeywords = {
+    "ACQUISITION_DATE", "ACQUISITION_TIME", "CLIENT", "COMPANY",  "GENERAL_CONSTANT",
+    "GENERAL_CONSTANT", "INSTRUMENT",       "JOB_ID", "OBSERVER", "PROCESSING_DATE",
+    "PROCESSING_TIME",  "TRACE_SORT",       "UNITS",  "NOTE",
+};
+
+constexpr std::size_t descriptorFieldsSize = 32; // of the file's descriptor and of a trace's
+
+std::string location(double x, double y, double z)
+{
+    std::string text;
+    appendNumber(text, x);
+    text += ' ';
+    appendNumber(text, y);
+    text += ' ';
+    appendNumber(text, z);
+    return text;
+}
+
+std::string number(double value)
+{
+    std::string text;
+    appendNumber(text, value);
+    return text;
+}
+
+/// A block's string list, filled up with spaces so that it ends at a multiple of 4 when it stands
+/// at `position` in the file.
+std::string stringList(const Strings &strings, const Seg2File &file, std::uint64_t position)
+{
+    const auto [first, second] = file.stringTerminator;
+    const int terminator = file.stringTerminatorSize == 1 ? first : first + second;
+    std::string bytes;
+    const auto append = [&bytes, terminator](const std::string &key, const std::string &value) {
+        const std::string text = key + ' ' + value + static_cast<char>(terminator);
+        appendLittle16(bytes, static_cast<std::uint16_t>(text.size() + 2)); // counts itself
+        bytes += text;
+    };
+    for (const auto &[key, value] : strings) {
+        if (key != "NOTE")
+            append(key, value);
+    }
+    if (const auto note = strings.find("NOTE"); note != strings.end())
+        append(note->first, note->second);
+    appendLittle16(bytes, 0);
+    while ((position + bytes.size()) % 4 != 0)
+        bytes += ' ';
+    return bytes;
+}
+
+template <typename Sample>
+std::string dataBlock(const std::vector<Sample> &samples, std::size_t count)
+{
+    if (samples.size() < count)
+        throw std::out_of_range("invalid vector subscript");
+    std::string bytes;
+    appendLittleSamples(bytes, samples.data(), count);
+    return bytes;
+}
+
+std::string dataBlock(const Seg2Trace &trace)
+{
+    switch (trace.formatCode) {
+    case 1:
+        return dataBlock(trace.int16Samples, trace.sampleCount);
+    case 2:
+        return dataBlock(trace.int32Samples, trace.sampleCount);
+    case 3:
+        return dataBlock(trace.packedSamples, trace.packedByteCount);
+    case 4:
+        return dataBlock(trace.floatSamples, trace.sampleCount);
+    case 5:
+        return dataBlock(trace.doubleSamples, trace.sampleCount);
+    default:
+        return "";
+    }
+}
+
+/// Writes a trace at the end of the stream and returns where it begins.
+std::uint32_t writeTrace(Seg2Trace &trace, const Seg2File &file, std::ostream &stream)
+{
+    stream.seekp(0, std::ios::end);
+    const auto start = static_cast<std::uint64_t>(std::streamoff(stream.tellp()));
+    const std::string strings = stringList(trace.strings, file, start + descriptorFieldsSize);
+    const std::string data = dataBlock(trace);
+    const std::size_t descriptorSize = descriptorFieldsSize + strings.size();
+    trace.descriptorSize = static_cast<std::uint16_t>(descriptorSize);
+    // Counted from where the kept descriptor size says that the data begin.
+    trace.dataSize =
+        static_cast<std::uint32_t>(descriptorSize + data.size() - trace.descriptorSize);
+
+    std::string descriptor;
+    appendLittle16(descriptor, trace.blockId);
+    appendLittle16(descriptor, trace.descriptorSize);
+    appendLittle32(descriptor, trace.dataSize);
+    appendLittle32(descriptor, trace.sampleCount);
+    appendLittleSamples(descriptor, &trace.formatCode, 1);
+    descriptor.append(trace.reserved.data(), trace.reserved.size());
+    stream << descriptor + strings << data;
+    return static_cast<std::uint32_t>(start);
+}
+
+std::string fileDescriptor(const Seg2File &file)
+{
+    std::string bytes;
+    appendLittle16(bytes, file.blockId);
+    appendLittle16(bytes, file.revision);
+    appendLittle16(bytes, file.tracePointersSize);
+    appendLittle16(bytes, file.traceCount);
+    appendLittleSamples(bytes, &file.stringTerminatorSize, 1);
+    appendLittleSamples(bytes, file.stringTerminator.data(), 2);
+    appendLittleSamples(bytes, &file.lineTerminatorSize, 1);
+    appendLittleSamples(bytes, file.lineTerminator.data(), 2);
+    bytes.append(file.reserved.data(), file.reserved.size());
+    bytes.append(std::size_t{4} * file.traceCount, '\0'); // the pointers, known later
+    bytes += stringList(file.strings, file, bytes.size());
+    return bytes;
+}
+
+} // namespace
+
+void setFileString(Seg2File &file, std::string key, std::string value)
+{
+    const auto beginsKey = [&key](const char *keyword) { return key.starts_with(keyword); };
+    if (std::none_of(standardKeywords.begin(), standardKeywords.end(), beginsKey))
+        std::cerr << "WARNING: Keyword " + key
+                         + " is not a standard keyword for the file descriptor block.\n";
+    file.strings[std::move(key)] = std::move(value);
+}
+
+Seg2Trace buildTrace(const Seg2TraceHeader &header, std::vector<float> samples)
+{
+    Seg2Trace trace;
+    trace.sampleCount = header.sampleCount;
+    trace.dataSize = header.sampleCount * 4;
+    trace.strings = {
+        {"DELAY", number(header.delay)},
+        {"DESCALING_FACTOR", number(header.descalingFactor)},
+        {"RECEIVER_LOCATION", location(header.receiverX, header.receiverY, header.receiverZ)},
+        {"SAMPLE_INTERVAL", number(header.sampleInterval)},
+        {"STACK", std::to_string(header.stackCount)},
+        {"SOURCE_LOCATION", location(header.sourceX, header.sourceY, header.sourceZ)},
+    };
+    trace.floatSamples = std::move(samples);
+    return trace;
+}
+
+void addTrace(Seg2File &file, const Seg2TraceHeader &header, std::vector<float> samples)
+{
+    file.traces.push_back(buildTrace(header, std::move(samples)));
+    file.tracePointers.push_back(0);
+    ++file.traceCount;
+}
+
+std::ostream &write(Seg2File &file, std::ostream &stream)
+{
+    file.tracePointersSize = static_cast<std::uint16_t>(4 * file.traceCount);
+    stream << fileDescriptor(file);
+    for (std::size_t i = 0; i < file.traces.size(); ++i) {
+        const std::uint32_t start = writeTrace(file.traces[i], file, stream);
+        if (i >= file.tracePointers.size())
+            throw std::out_of_range("invalid vector subscript");
+        file.tracePointers[i] = start;
+    }
+    std::string pointers;
+    appendLittleSamples(pointers, file.tracePointers.data(), file.tracePointers.size());
+    stream.seekp(descriptorFieldsSize);
+    stream << pointers;
+    return stream;
+}

@@ -1,0 +1,201 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#include "seg2/su_conversion.h"
+
+#include "seg2/listing.h"
+#include "traveltime/text.h"
+
+#include <algorithm>
+#include <iostream>
+#include <optional>
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+#include <QSysInfo>
+#include <QtEndian>
+
+namespace {
+
+// Byte offsets in a trace, which is its header and then its samples.
+constexpr std::size_t coordinateScalarOffset = 70;
+constexpr std::size_t sourceXOffset = 72;
+constexpr std::size_t receiverXOffset = 80;
+constexpr std::size_t sampleCountOffset = 114;
+constexpr std::size_t sampleIntervalOffset = 116; // microseconds
+constexpr std::size_t headerSize = 240;
+
+/// What the reader keeps of the file that it read last, all of it set anew by the next.
+struct ReaderState
+{
+    std::uint32_t sampleCount = 0;
+    double intervalMilliseconds = 0.0;
+    std::uint16_t sampleFormat = 0; // 3: 16-bit integers, 5: 32-bit floats
+    QSysInfo::Endian byteOrder = QSysInfo::LittleEndian;
+};
+
+ReaderState reader;
+
+/// The number at an offset; 0 when the file ends before it does.
+template <typename Number>
+Number numberAt(const QByteArray &bytes, std::size_t offset,
+                QSysInfo::Endian byteOrder = reader.byteOrder)
+{
+    if (offset + sizeof(Number) > static_cast<std::size_t>(bytes.size()))
+        return 0;
+    const char *from = bytes.constData() + offset;
+    return byteOrder == QSysInfo::LittleEndian ? qFromLittleEndian<Number>(from)
+                                               : qFromBigEndian<Number>(from);
+}
+
+std::size_t traceSize(std::uint32_t sampleCount)
+{
+    return headerSize + std::size_t{4} * sampleCount;
+}
+
+/// The whole file; nothing, after a line on the standard error stream, when it cannot be opened.
+std::optional<QByteArray> load(const std::string &path, Problem &problem)
+{
+    std::cout << "opening su file " + path + '\n';
+    QFile file(QString::fromStdString(path));
+    // Of an empty name Qt would tell the standard error stream too.
+    if (path.empty() || !file.open(QIODevice::ReadOnly)) {
+        std::cerr << "Error while loading " + path + '\n';
+        tell(problem, file.errorString().toStdString());
+        return {};
+    }
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFile::NoError)
+        tell(problem, file.errorString().toStdString());
+    return bytes;
+}
+
+/// The offsets of the traces, which all have the first one's number of samples and interval.
+std::vector<std::size_t> indexTraces(const QByteArray &bytes)
+{
+    reader.intervalMilliseconds = numberAt<quint16>(bytes, sampleIntervalOffset) / 1000.0;
+    reader.sampleCount = numberAt<quint16>(bytes, sampleCountOffset);
+    const std::size_t sampleSize = reader.sampleFormat == 3 ? 2 : 4;
+    std::vector<std::size_t> offsets(static_cast<std::size_t>(bytes.size())
+                                     / traceSize(reader.sampleCount));
+    for (std::size_t i = 0; i < offsets.size(); ++i)
+        offsets[i] = i * (sampleSize * reader.sampleCount + headerSize);
+    return offsets;
+}
+
+SuTrace readTrace(const QByteArray &bytes, std::size_t offset)
+{
+    reader.sampleFormat = 5;
+    SuTrace trace;
+    trace.sampleInterval = reader.intervalMilliseconds / 1000.0;
+
+    const int scalar = numberAt<qint16>(bytes, offset + coordinateScalarOffset);
+    float factor = 1.0F;
+    if (scalar != 0)
+        factor = static_cast<float>(scalar > 0 ? scalar : -1 / scalar);
+    const auto coordinate = [&bytes, offset, factor](std::size_t at) {
+        return static_cast<float>(numberAt<qint32>(bytes, offset + at)) * factor;
+    };
+    trace.sourceX = coordinate(sourceXOffset);
+    trace.receiverX = coordinate(receiverXOffset);
+
+    trace.samples.resize(reader.sampleCount);
+    for (std::size_t i = 0; i + 1 < trace.samples.size(); ++i)
+        trace.samples[i] = numberAt<float>(bytes, offset + headerSize + 4 * i);
+    return trace;
+}
+
+/// Tells what the size of the file says against the number of traces found in it.
+void tellSize(const QByteArray &bytes, std::size_t traceCount, Problem &problem)
+{
+    const auto size = static_cast<std::size_t>(bytes.size());
+    const std::size_t expected = traceSize(reader.sampleCount);
+    const std::size_t swapped =
+        traceSize(numberAt<quint16>(bytes, sampleCountOffset, QSysInfo::BigEndian));
+    if (size == 0)
+        tell(problem, "no trace found: the file is empty");
+    if (size % expected == 0)
+        return;
+
+    std::string mismatch = std::to_string(size) + " bytes are no whole number of traces of "
+                           + std::to_string(expected) + " bytes";
+    const bool bigEndian = size % swapped == 0;
+    if (bigEndian)
+        mismatch += "; the file is big-endian: " + counted(size / swapped, "trace") + " of "
+                    + std::to_string(swapped) + " bytes";
+    if (traceCount == 0)
+        tell(problem, "no trace found: " + mismatch);
+    else if (bigEndian)
+        tell(problem, mismatch);
+    else
+        problem.remark =
+            mismatch + ": the last " + std::to_string(size % expected) + " are left out";
+}
+
+} // namespace
+
+void indexSuFile(std::string path, std::size_t &traceCount, std::vector<std::size_t> &traceOffsets)
+{
+    Problem untold;
+    const std::optional<QByteArray> bytes = load(path, untold);
+    traceOffsets = bytes ? indexTraces(*bytes) : std::vector<std::size_t>();
+    traceCount = traceOffsets.size();
+}
+
+void readSuFile(std::string path, std::vector<SuTrace> &traces)
+{
+    Problem untold;
+    readSuFile(path, traces, untold);
+}
+
+void readSuFile(const std::string &path, std::vector<SuTrace> &traces, Problem &problem)
+{
+    traces.clear();
+    const std::optional<QByteArray> bytes = load(path, problem);
+    if (!bytes)
+        return;
+    for (const std::size_t offset : indexTraces(*bytes))
+        traces.push_back(readTrace(*bytes, offset));
+    tellSize(*bytes, traces.size(), problem);
+}
+
+std::string beforeLastDot(const std::string &path)
+{
+    return path.substr(0, path.rfind('.'));
+}
+
+std::int32_t convertSuToSeg2(std::string path)
+{
+    const std::string base = beforeLastDot(path);
+    Problem untold;
+    return convertSuToSeg2(path, base + "_tmp", base + ".seg2", untold);
+}
+
+std::int32_t convertSuToSeg2(const std::string &path, const std::string &listingPath,
+                             const std::string &seg2Path, Problem &problem)
+{
+    problem = {path};
+    std::vector<SuTrace> traces;
+    readSuFile(path, traces, problem);
+
+    std::vector<ListingTrace> lines;
+    for (const SuTrace &trace : traces)
+        lines.push_back({static_cast<std::uint32_t>(trace.samples.size()), 0, trace.sampleInterval,
+                         trace.receiverX, 0.0, trace.receiverZ});
+    if (!writeListing(listingPath, lines, problem))
+        return 1;
+
+    const auto samples = [&traces](std::size_t index, std::uint32_t count) {
+        if (index >= traces.size())
+            return std::vector<float>();
+        const double *first = traces[index].samples.data();
+        return std::vector<float>(
+            first, first + std::min<std::size_t>(count, traces[index].samples.size()));
+    };
+    std::optional<double> sourceX;
+    if (!traces.empty())
+        sourceX = traces.front().sourceX;
+    convertListing(listingPath, seg2Path, sourceX, samples, problem);
+    return 0;
+}
