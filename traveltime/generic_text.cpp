@@ -36,7 +36,7 @@ std::int32_t readGenericTraveltimes(const std::string &path,
         times.push_back(toDouble(fields[2]));
     }
     if (stream.bad())
-        throw std::ios_base::failure("the file cannot be read to its end");
+        tell(problem, "the file cannot be read to its end");
 
     const std::uint32_t spreadIndex = findOrAddSpread(spreads, receivers);
     traveltimes.push_back({spreadIndex, shotIndex, shot.x, shot.elevation, std::move(times)});
@@ -55,6 +55,7 @@ std::int32_t convertGenericText(const std::vector<std::string> &files,
                                 const std::vector<double> &shotElevations, Problem &problem)
 {
     TraveltimeSurvey survey;
+    Problem unreadable; // of the first file that has one, though it is converted as far as it goes
     for (std::size_t i = 0; i < files.size(); ++i) {
         problem = {files[i]};
         if (i >= shotXs.size() || i >= shotElevations.size()) {
@@ -67,6 +68,9 @@ std::int32_t convertGenericText(const std::vector<std::string> &files,
                                    static_cast<std::uint32_t>(i), problem);
         if (result != 0)
             return result;
+        if (unreadable.detail.empty())
+            unreadable = problem;
     }
+    problem = unreadable;
     return writeOtteFile(outputPath, survey.traveltimes, survey.spreads, survey.shots, problem);
 }

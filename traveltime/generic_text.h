@@ -18,7 +18,7 @@
 /// Appends one record, with `shotIndex` as given, and its spread unless an equal one stands in
 /// `spreads`. Returns 0; a file that cannot be opened reads as one without lines. Throws
 /// std::out_of_range for a line of fewer than three fields ("invalid vector subscript") or of
-/// delimiters alone ("invalid string position"), and std::ios_base::failure when the disk fails.
+/// delimiters alone ("invalid string position").
 std::int32_t readGenericTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, const Shot &shot,
                                     std::uint32_t shotIndex);
