@@ -3,16 +3,19 @@
 
 #include "readers/geogiga.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <locale>
+#include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace {
 
 /// The file as it is read, with the current line cut into fields.
 struct OpenFile
 {
-    std::ifstream stream;
+    TextFile text;
     std::string line;
     std::vector<std::string> fields;
 };
@@ -44,7 +47,7 @@ bool valueOf(const std::string &keyword, std::string &value, OpenFile &file, Pro
 
 bool nextValue(const std::string &keyword, std::string &value, OpenFile &file, Problem &problem)
 {
-    nextLine(file.stream, file.line, problem);
+    nextLine(file.text, file.line, problem);
     return valueOf(keyword, value, file, problem);
 }
 
@@ -62,14 +65,14 @@ std::uint32_t toShotCount(const std::string &text, Problem &problem)
 bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Problem &problem)
 {
     for (const char *keyword : {"TX_CURVE", "VERSION:"}) {
-        nextLine(file.stream, file.line, problem);
+        nextLine(file.text, file.line, problem);
         splitAt(" ", file, problem);
         if (!startsWith(keyword, file, problem))
             return false;
     }
 
     do {
-        nextLine(file.stream, file.line, problem);
+        nextLine(file.text, file.line, problem);
         splitAt(":", file, problem);
     } while (!file.fields.empty() && file.fields.front() == "INFO");
 
@@ -83,24 +86,50 @@ bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Pro
     return true;
 }
 
-/// Extracts one value as `>>` does, counting the line ends in front of it.
-template <typename Value>
-void extract(std::istream &stream, Value &value, Problem &problem)
+/// The plain decimal number that is the whole of `word`; false for all else that a stream may take.
+template <typename Number>
+bool parseQuickly(std::string_view word, Number &number)
 {
-    const std::locale classic = stream.getloc();
-    for (int next = stream.peek();
-         next != std::char_traits<char>::eof() && std::isspace(static_cast<char>(next), classic);
-         next = stream.peek()) {
-        problem.line += next == '\n' ? 1 : 0;
-        stream.ignore();
+    const char *const last = word.data() + word.size();
+    Number parsed = 0;
+    const auto [end, error] = std::from_chars(word.data(), last, parsed);
+    const bool endsInLetter = word.back() != '.' && (word.back() < '0' || word.back() > '9');
+    if (error != std::errc() || end != last || endsInLetter) // "inf" and "nan" are none to a stream
+        return false;
+    number = parsed;
+    return true;
+}
+
+/// Extracts one number as `>>` does, counting the line ends in front of it: white space ends a
+/// number at the latest, a word that begins with none becomes 0, the end of the file leaves
+/// `number` as it was, and after either nothing more is extracted.
+template <typename Number>
+void extract(TextFile &file, Number &number, Problem &problem)
+{
+    constexpr char whiteSpace[] = " \t\n\v\f\r";
+    const std::size_t begin = file.text.find_first_not_of(whiteSpace, file.position);
+    if (file.failed || begin == std::string::npos) {
+        file.failed = true;
+        return;
     }
-    stream >> value;
+    problem.line +=
+        static_cast<std::size_t>(std::count(&file.text[file.position], &file.text[begin], '\n'));
+    const std::size_t end = std::min(file.text.find_first_of(whiteSpace, begin), file.text.size());
+    const std::string_view word(&file.text[begin], end - begin);
+    file.position = end;
+    if (parseQuickly(word, number))
+        return;
+    std::istringstream stream{std::string(word)};
+    stream >> number;
+    file.failed = stream.fail();
+    if (!stream.eof() && !stream.fail())
+        file.position = begin + static_cast<std::size_t>(stream.tellg());
 }
 
 /// Reads a block's rows: the positions overwrite the first entries of `receivers`, the times are
 /// appended to `times`. From a row on that holds something else than numbers, values stay as the
 /// row before left them.
-void readRows(std::istream &stream, std::int32_t receiverCount, double elevation, Spread &receivers,
+void readRows(TextFile &file, std::int32_t receiverCount, double elevation, Spread &receivers,
               std::vector<double> &times, Problem &problem)
 {
     std::uint32_t receiverNumber = 0;
@@ -109,11 +138,11 @@ void readRows(std::istream &stream, std::int32_t receiverCount, double elevation
     std::uint32_t unused = 0;
     ++problem.line;
     for (std::int32_t i = 0; i < receiverCount; ++i) {
-        extract(stream, receiverNumber, problem);
-        extract(stream, x, problem);
-        extract(stream, time, problem);
-        extract(stream, unused, problem);
-        if (!stream)
+        extract(file, receiverNumber, problem);
+        extract(file, x, problem);
+        extract(file, time, problem);
+        extract(file, unused, problem);
+        if (file.failed)
             tell(problem, "receiver row " + std::to_string(i + 1) + " of "
                               + std::to_string(receiverCount) + " is not four numbers");
         if (static_cast<std::size_t>(i) >= receivers.size()) {
@@ -124,7 +153,7 @@ void readRows(std::istream &stream, std::int32_t receiverCount, double elevation
         receivers[static_cast<std::size_t>(i)] = {x, elevation};
         times.push_back(time);
     }
-    if (stream)
+    if (!file.failed)
         --problem.line; // the rest of the last row's line is read, and counted, as a line
 }
 
@@ -154,8 +183,8 @@ std::int32_t readGeogigaTraveltimes(const std::string &path,
                                     std::vector<Spread> &spreads, std::vector<Shot> &shots,
                                     Problem &problem)
 {
-    OpenFile file{openText(path), {}, {}};
-    if (!file.stream) {
+    OpenFile file{loadText(path, problem), {}, {}};
+    if (!file.text.isOpen) {
         tell(problem, "the file cannot be opened");
         return 1;
     }
@@ -171,10 +200,10 @@ std::int32_t readGeogigaTraveltimes(const std::string &path,
     for (std::uint32_t shotIndex = 0; shotIndex < shotCount; ++shotIndex) {
         // What the last row of the block before left of its line comes first.
         do
-            nextLine(file.stream, file.line, problem);
+            nextLine(file.text, file.line, problem);
         while (file.line == "\r");
 
-        if (shotIndex > 0 && file.line.empty() && file.stream)
+        if (shotIndex > 0 && file.line.empty() && !file.text.failed)
             tell(problem, "a shot's last receiver row must end in CR LF, this one ends in LF");
 
         Shot shot{0.0, elevation, ""};
@@ -195,9 +224,9 @@ std::int32_t readGeogigaTraveltimes(const std::string &path,
         }
         sizeOnce(receivers, receiverCount, problem);
 
-        nextLine(file.stream, file.line, problem); // the column heading
+        nextLine(file.text, file.line, problem); // the column heading
         ShotTraveltimes record{0, shotIndex, shot.x, elevation, {}};
-        readRows(file.stream, receiverCount, elevation, receivers, record.times, problem);
+        readRows(file.text, receiverCount, elevation, receivers, record.times, problem);
         traveltimes.push_back(std::move(record));
     }
     spreads.push_back(std::move(receivers));

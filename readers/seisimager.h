@@ -23,4 +23,4 @@ std::int32_t readSeisImagerTraveltimes(std::string path, std::vector<ShotTravelt
 std::int32_t readSeisImagerTraveltimes(const std::string &path,
                                        std::vector<ShotTraveltimes> &traveltimes,
                                        std::vector<Spread> &spreads, std::vector<Shot> &shots,
-                                       Problem &problem);
+                                       SpreadIndex &index, Problem &problem);

@@ -22,47 +22,48 @@ struct Header
     std::uint32_t samplingRate = 0; ///< samples per second
 };
 
-/// Opens a file of the set. When it cannot be opened the line on the standard error stream names
+/// Loads a file of the set. When it cannot be opened the line on the standard error stream names
 /// the set's header, whichever file it is.
-std::ifstream open(const std::string &path, const std::string &headerPath, Problem &problem)
+TextFile load(const std::string &path, const std::string &headerPath, Problem &problem)
 {
-    std::ifstream stream = openText(path);
-    if (!stream) {
+    TextFile file = loadText(path, problem);
+    if (!file.isOpen) {
         tellSystemError(problem, path);
         std::cerr << "Error in reading file " + headerPath + '\n';
     }
-    return stream;
+    return file;
 }
 
-std::uint32_t nextNumber(std::istream &stream, Problem &problem)
+std::uint32_t nextNumber(TextFile &file, Problem &problem)
 {
     std::string line;
-    nextLine(stream, line, problem);
+    nextLine(file, line, problem);
     return static_cast<std::uint32_t>(toInt(line));
 }
 
-Header readHeader(std::istream &stream, Problem &problem)
+Header readHeader(TextFile &file, Problem &problem)
 {
     Header header;
     std::string line;
     do
-        nextLine(stream, line, problem);
+        nextLine(file, line, problem);
     while (line.starts_with('"'));
     header.channelCount = static_cast<std::uint32_t>(toInt(line));
-    nextLine(stream, line, problem);
-    nextLine(stream, line, problem);
-    header.delay = nextNumber(stream, problem);
-    header.samplesPerChannel = nextNumber(stream, problem);
-    header.samplingRate = nextNumber(stream, problem);
+    nextLine(file, line, problem);
+    nextLine(file, line, problem);
+    header.delay = nextNumber(file, problem);
+    header.samplesPerChannel = nextNumber(file, problem);
+    header.samplingRate = nextNumber(file, problem);
     return header;
 }
 
 /// Appends `count` samples, a line each; false when the file has fewer lines.
-bool readChannel(std::istream &stream, std::uint32_t count, std::vector<std::int32_t> &samples)
+bool readChannel(TextFile &file, std::uint32_t count, std::vector<std::int32_t> &samples)
 {
+    Problem untold;
     std::string line;
     for (std::uint32_t i = 0; i < count; ++i) {
-        if (!std::getline(stream, line)) {
+        if (!nextLine(file, line, untold)) {
             samples.resize(samples.size() + (count - i));
             return false;
         }
@@ -78,10 +79,10 @@ bool readChannels(const std::string &basePath, const DolangKind &kind, const Hea
     for (std::uint64_t channel = 1; channel <= header.channelCount; ++channel) {
         const std::string path =
             basePath + kind.channelSuffix + (channel < 10 ? "0" : "") + std::to_string(channel);
-        std::ifstream stream = open(path, basePath + kind.headerExtension, problem);
-        if (!stream)
+        TextFile file = load(path, basePath + kind.headerExtension, problem);
+        if (!file.isOpen)
             return false;
-        if (!readChannel(stream, header.samplesPerChannel, samples))
+        if (!readChannel(file, header.samplesPerChannel, samples))
             problem.remark = path + " holds fewer than "
                              + counted(header.samplesPerChannel, "sample")
                              + ": the missing ones are 0";
@@ -107,11 +108,10 @@ bool convertDolangKind(const std::string &basePath, const DolangKind &kind,
 {
     const std::string headerPath = basePath + kind.headerExtension;
     problem = {headerPath};
-    std::ifstream stream = open(headerPath, headerPath, problem);
-    if (!stream)
+    TextFile file = load(headerPath, headerPath, problem);
+    if (!file.isOpen)
         return false;
-    const Header header = readHeader(stream, problem);
-    stream.close();
+    const Header header = readHeader(file, problem);
     const std::size_t rateLine = std::exchange(problem.line, 0);
     if (header.channelCount == 0)
         problem.remark = "no channels";

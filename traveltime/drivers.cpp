@@ -63,7 +63,7 @@ std::int32_t convertSeisImager(std::string inputPath, std::string outputPath)
 std::int32_t convertSeisImager(const std::string &inputPath, const std::string &outputPath,
                                Problem &problem)
 {
-    return convertFile(readSeisImagerTraveltimes, inputPath, outputPath, problem);
+    return convertSeisImagerFiles({inputPath}, outputPath, problem); // its record 0 has index 0
 }
 
 std::int32_t convertSeisImagerFiles(std::vector<std::string> files, std::string outputPath)
@@ -76,10 +76,11 @@ std::int32_t convertSeisImagerFiles(const std::vector<std::string> &files,
                                     const std::string &outputPath, Problem &problem)
 {
     TraveltimeSurvey survey;
+    SpreadIndex index;
     for (std::size_t i = 0; i < files.size(); ++i) {
         problem = {files[i]};
         const std::int32_t result = readSeisImagerTraveltimes(
-            files[i], survey.traveltimes, survey.spreads, survey.shots, problem);
+            files[i], survey.traveltimes, survey.spreads, survey.shots, index, problem);
         // Before the result is looked at, and only when so many records stand already.
         if (i < survey.traveltimes.size())
             survey.traveltimes[i].shotIndex = static_cast<std::uint32_t>(i);

@@ -13,32 +13,30 @@ std::int32_t readGenericTraveltimes(std::string path, std::vector<ShotTraveltime
                                     std::vector<Spread> &spreads, const Shot &shot,
                                     std::uint32_t shotIndex)
 {
+    SpreadIndex index;
     Problem untold;
-    return readGenericTraveltimes(path, traveltimes, spreads, shot, shotIndex, untold);
+    return readGenericTraveltimes(path, traveltimes, spreads, shot, shotIndex, index, untold);
 }
 
 std::int32_t readGenericTraveltimes(const std::string &path,
                                     std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, const Shot &shot,
-                                    std::uint32_t shotIndex, Problem &problem)
+                                    std::uint32_t shotIndex, SpreadIndex &index, Problem &problem)
 {
-    std::ifstream stream = openText(path);
+    TextFile file = loadText(path, problem);
     Spread receivers;
     std::vector<double> times;
     std::string line;
     std::vector<std::string> fields;
-    while (std::getline(stream, line)) {
-        ++problem.line;
+    while (nextLine(file, line, problem)) {
         trimLeadingSpaces(line);
         splitLine(line, fields, ";", problem);
         requireFields(fields, 3, problem);
         receivers.push_back({toDouble(fields[0]), toDouble(fields[1])});
         times.push_back(toDouble(fields[2]));
     }
-    if (stream.bad())
-        tell(problem, "the file cannot be read to its end");
 
-    const std::uint32_t spreadIndex = findOrAddSpread(spreads, receivers);
+    const std::uint32_t spreadIndex = findOrAddSpread(spreads, std::move(receivers), index);
     traveltimes.push_back({spreadIndex, shotIndex, shot.x, shot.elevation, std::move(times)});
     return 0;
 }
@@ -55,6 +53,7 @@ std::int32_t convertGenericText(const std::vector<std::string> &files,
                                 const std::vector<double> &shotElevations, Problem &problem)
 {
     TraveltimeSurvey survey;
+    SpreadIndex index;
     Problem unreadable; // of the first file that has one, though it is converted as far as it goes
     for (std::size_t i = 0; i < files.size(); ++i) {
         problem = {files[i]};
@@ -65,7 +64,7 @@ std::int32_t convertGenericText(const std::vector<std::string> &files,
         const Shot &shot = survey.shots.emplace_back(Shot{shotXs[i], shotElevations[i], files[i]});
         const std::int32_t result =
             readGenericTraveltimes(files[i], survey.traveltimes, survey.spreads, shot,
-                                   static_cast<std::uint32_t>(i), problem);
+                                   static_cast<std::uint32_t>(i), index, problem);
         if (result != 0)
             return result;
         if (unreadable.detail.empty())

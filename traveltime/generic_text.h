@@ -25,7 +25,7 @@ std::int32_t readGenericTraveltimes(std::string path, std::vector<ShotTraveltime
 std::int32_t readGenericTraveltimes(const std::string &path,
                                     std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, const Shot &shot,
-                                    std::uint32_t shotIndex, Problem &problem);
+                                    std::uint32_t shotIndex, SpreadIndex &index, Problem &problem);
 
 /// Reads `files` in order, the i-th with the i-th shot position, and writes them as one OTTE file.
 /// Returns what the writer returns. Throws as the reader does, and std::out_of_range "invalid

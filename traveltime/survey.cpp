@@ -4,6 +4,27 @@
 #include "traveltime/survey.h"
 
 #include <algorithm>
+#include <bit>
+#include <utility>
+
+namespace {
+
+/// Equal for spreads that are the same: 0 and -0 are.
+std::size_t hash(const Spread &spread)
+{
+    std::uint64_t hash = spread.size();
+    const auto mix = [&hash](double value) {
+        hash = (hash ^ std::bit_cast<std::uint64_t>(value + 0.0)) * 0x9e3779b97f4a7c15;
+        hash ^= hash >> 32;
+    };
+    for (const ReceiverPosition &receiver : spread) {
+        mix(receiver.x);
+        mix(receiver.elevation);
+    }
+    return static_cast<std::size_t>(hash);
+}
+
+} // namespace
 
 bool sameSpread(const Spread &a, const Spread &b)
 {
@@ -13,13 +34,20 @@ bool sameSpread(const Spread &a, const Spread &b)
     return !a.empty() && std::equal(a.begin(), a.end(), b.begin(), b.end(), samePosition);
 }
 
-std::uint32_t findOrAddSpread(std::vector<Spread> &spreads, const Spread &receivers)
+std::uint32_t findOrAddSpread(std::vector<Spread> &spreads, Spread receivers, SpreadIndex &index)
 {
-    const auto found = std::find_if(spreads.begin(), spreads.end(), [&](const Spread &spread) {
-        return sameSpread(spread, receivers);
-    });
-    const auto index = static_cast<std::uint32_t>(found - spreads.begin());
-    if (found == spreads.end())
-        spreads.push_back(receivers);
-    return index;
+    for (; index.indexed < spreads.size(); ++index.indexed)
+        index.byHash.emplace(hash(spreads[index.indexed]), index.indexed);
+
+    const std::size_t wanted = hash(receivers);
+    auto found = static_cast<std::uint32_t>(spreads.size());
+    const auto [first, last] = index.byHash.equal_range(wanted);
+    for (auto candidate = first; candidate != last; ++candidate)
+        if (candidate->second < found && sameSpread(spreads[candidate->second], receivers))
+            found = candidate->second;
+    if (found == spreads.size()) {
+        spreads.push_back(std::move(receivers));
+        index.byHash.emplace(wanted, index.indexed++);
+    }
+    return found;
 }

@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 /// Where one receiver stood, in the length unit of the input file.
@@ -54,5 +56,14 @@ struct TraveltimeSurvey
 /// without receivers never shares a spread.
 bool sameSpread(const Spread &a, const Spread &b);
 
+/// Where the spreads of a survey stand by their positions' hash, so that a shot among thousands of
+/// layouts is compared with those alone that can be the same. Belongs to one collection of spreads
+/// and grows with it; starts empty whatever the collection holds.
+struct SpreadIndex
+{
+    std::unordered_multimap<std::size_t, std::uint32_t> byHash;
+    std::uint32_t indexed = 0;
+};
+
 /// Index of the first spread that is the same as `receivers`, which is appended when none is.
-std::uint32_t findOrAddSpread(std::vector<Spread> &spreads, const Spread &receivers);
+std::uint32_t findOrAddSpread(std::vector<Spread> &spreads, Spread receivers, SpreadIndex &index);

@@ -5,10 +5,13 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <charconv>
 #include <clocale>
+#include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <limits>
 #include <stdexcept>
@@ -17,6 +20,10 @@
 #endif
 
 namespace {
+
+constexpr std::array powersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 double parseDouble(const char *text, char **end)
 {
@@ -29,21 +36,102 @@ double parseDouble(const char *text, char **end)
 #endif
 }
 
+/// As an output stream prints `value`. Returns the end of the text, of 13 characters at most.
+char *printPlainly(char *to, double value)
+{
+    return std::to_chars(to, to + 32, value, std::chars_format::general, 6).ptr;
+}
+
+/// Writes six digits, the first not 0, as the number of this decimal exponent: without zeros at the
+/// end, and from -4 to 5 without the exponent itself. Returns the end.
+char *layOut(char *to, std::uint32_t digits, int exponent)
+{
+    std::array<char, 12> text; // with room to copy six characters from anywhere in the digits
+    for (std::size_t i = 6; i-- > 0; digits /= 10)
+        text[i] = static_cast<char>('0' + digits % 10);
+    int count = 6;
+    while (text[static_cast<std::size_t>(count - 1)] == '0')
+        --count;
+
+    const bool isFixed = exponent >= -4 && exponent < 6;
+    if (isFixed && exponent < 0) {
+        std::memcpy(to, "0.0000", 6);
+        to += 1 - exponent;
+        std::memcpy(to, text.data(), 6);
+        return to + count;
+    }
+    const int whole = isFixed ? exponent + 1 : 1;
+    std::memcpy(to, text.data(), 6);
+    to[whole] = '.';
+    std::memcpy(to + whole + 1, text.data() + whole, 6);
+    to += count > whole ? count + 1 : whole;
+    if (isFixed)
+        return to;
+    *to++ = 'e';
+    *to++ = exponent < 0 ? '-' : '+';
+    const int size = std::abs(exponent);
+    *to++ = static_cast<char>('0' + size / 10);
+    *to++ = static_cast<char>('0' + size % 10);
+    return to;
+}
+
+/// The same for values of common size, and nullptr for all others: every sample of a record and
+/// every pick goes through here. Scaling to six digits before the point takes one multiplication or
+/// division by an exact power of ten, so it errs in the last bits alone; where these could decide
+/// how the sixth digit is rounded, the value is left to printPlainly.
+char *printQuickly(char *to, double value)
+{
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const double magnitude = std::abs(value);
+    const int binaryExponent = static_cast<int>(bits >> 52 & 0x7ff) - 1023;
+    // floor(log10 of 2^binaryExponent): of the magnitude it is this or one more.
+    int exponent = binaryExponent * 1233 >> 12;
+    if (exponent < -16 || exponent > 25)
+        return nullptr;
+    const auto scale = [magnitude](int power) {
+        return power < 0 ? magnitude / powersOfTen[static_cast<std::size_t>(-power)]
+                         : magnitude * powersOfTen[static_cast<std::size_t>(power)];
+    };
+    double scaled = scale(5 - exponent);
+    if (scaled >= 1e6)
+        scaled = scale(5 - ++exponent);
+    auto digits = static_cast<std::uint32_t>(scaled);
+    const double rest = scaled - digits;
+    if (rest > 0.4999 && rest < 0.5001)
+        return nullptr;
+    digits += rest > 0.5 ? 1 : 0;
+    if (digits == 1000000) {
+        digits = 100000;
+        ++exponent;
+    }
+    *to = '-';
+    return layOut(to + (bits >> 63), digits, exponent);
+}
+
 } // namespace
 
 void tokenize(const std::string &str, std::vector<std::string> &tokens,
               const std::string &delimiters)
 {
+    std::array<bool, 256> isDelimiter = {};
+    for (const char delimiter : delimiters)
+        isDelimiter[static_cast<unsigned char>(delimiter)] = true;
+    const auto find = [&](bool wanted, std::size_t from) {
+        while (from < str.size() && isDelimiter[static_cast<unsigned char>(str[from])] != wanted)
+            ++from;
+        return from < str.size() ? from : std::string::npos;
+    };
+
     tokens.clear();
-    std::size_t start = str.find_first_not_of(delimiters);
+    std::size_t start = find(false, 0);
     // Searched from 0, not from start: this is where the field in front comes from.
-    std::size_t end = str.find_first_of(delimiters);
+    std::size_t end = find(true, 0);
     while (start != std::string::npos || end != std::string::npos) {
         if (start == std::string::npos)
             throw std::out_of_range("invalid string position");
         tokens.push_back(str.substr(start, end - start));
-        start = str.find_first_not_of(delimiters, end);
-        end = str.find_first_of(delimiters, start);
+        start = find(false, end);
+        end = find(true, start);
     }
 }
 
@@ -63,6 +151,13 @@ void trimLeadingSpaces(std::string &line)
 
 double toDouble(const std::string &text)
 {
+    // Plain decimal numbers, nearly all there are, read the same without the C library.
+    const char *const last = text.data() + text.size();
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(text.data(), last, value);
+    const bool isHexadecimal = end != last && (*end == 'x' || *end == 'X');
+    if (error == std::errc() && std::isfinite(value) && !isHexadecimal)
+        return value;
     return parseDouble(text.c_str(), nullptr);
 }
 
@@ -86,9 +181,11 @@ std::int32_t toInt(const std::string &text)
 void appendNumber(std::string &text, double value)
 {
     std::array<char, 32> digits;
-    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                            std::chars_format::general, 6);
-    text.append(digits.data(), end);
+    char *const end = printQuickly(digits.data(), value);
+    if (end != nullptr)
+        text.append(digits.data(), end);
+    else
+        text.append(digits.data(), printPlainly(digits.data(), value));
 }
 
 std::string fixedNumber(double value)
@@ -113,12 +210,31 @@ std::ifstream openText(const std::string &path)
     return stream;
 }
 
-void nextLine(std::istream &stream, std::string &line, Problem &problem)
+TextFile loadText(const std::string &path, Problem &problem)
 {
-    // A stream that failed before reads nothing more: the line of that failure is the one to name.
-    problem.line += stream.fail() ? 0 : 1;
+    TextFile file;
+    std::ifstream stream = openText(path);
+    file.isOpen = stream.good();
+    std::array<char, 65536> block;
+    while (stream.read(block.data(), block.size()) || stream.gcount() > 0)
+        file.text.append(block.data(), static_cast<std::size_t>(stream.gcount()));
+    if (stream.bad() && problem.detail.empty())
+        problem = {path, 0, "the file cannot be read to its end", problem.remark};
+    return file;
+}
+
+bool nextLine(TextFile &file, std::string &line, Problem &problem)
+{
+    // When something failed before, the line of that failure is the one to name.
+    problem.line += file.failed ? 0 : 1;
     line.clear();
-    std::getline(stream, line);
+    file.failed = file.failed || file.position == file.text.size();
+    if (file.failed)
+        return false;
+    const std::size_t end = std::min(file.text.find('\n', file.position), file.text.size());
+    line.assign(file.text, file.position, end - file.position);
+    file.position = std::min(end + 1, file.text.size());
+    return true;
 }
 
 void splitLine(const std::string &line, std::vector<std::string> &fields,

@@ -49,9 +49,21 @@ std::string fixedNumber(double value);
 /// as not opened (and errno says why).
 std::ifstream openText(const std::string &path);
 
-/// Reads up to the next line feed and counts the line in problem.line. A carriage return stays;
-/// past the end of the stream `line` is empty.
-void nextLine(std::istream &stream, std::string &line, Problem &problem);
+/// A text file in memory, read from front to back.
+struct TextFile
+{
+    std::string text;
+    std::size_t position = 0;
+    bool isOpen = false; ///< the file could be opened
+    bool failed = false; ///< what was to be read was not there: nothing more is read
+};
+
+/// A file that cannot be read to its end is told in `problem` and ends where it could be read to.
+TextFile loadText(const std::string &path, Problem &problem);
+
+/// Reads up to the next line feed and counts the line in problem.line. A carriage return stays.
+/// False past the end of the file, where `line` is empty.
+bool nextLine(TextFile &file, std::string &line, Problem &problem);
 
 /// Splits a line with tokenize, and tells `problem` why a line of delimiters alone has no fields.
 void splitLine(const std::string &line, std::vector<std::string> &fields,
