@@ -107,13 +107,15 @@ template <typename Number>
 void extract(TextFile &file, Number &number, Problem &problem)
 {
     constexpr char whiteSpace[] = " \t\n\v\f\r";
-    const std::size_t begin = file.text.find_first_not_of(whiteSpace, file.position);
-    if (file.failed || begin == std::string::npos) {
-        file.failed = true;
+    if (file.failed)
         return;
-    }
-    problem.line +=
-        static_cast<std::size_t>(std::count(&file.text[file.position], &file.text[begin], '\n'));
+    const std::size_t begin =
+        std::min(file.text.find_first_not_of(whiteSpace, file.position), file.text.size());
+    problem.line += static_cast<std::size_t>(
+        std::count(file.text.data() + file.position, file.text.data() + begin, '\n'));
+    file.failed = begin == file.text.size();
+    if (file.failed)
+        return;
     const std::size_t end = std::min(file.text.find_first_of(whiteSpace, begin), file.text.size());
     const std::string_view word(&file.text[begin], end - begin);
     file.position = end;
@@ -136,7 +138,7 @@ void readRows(TextFile &file, std::int32_t receiverCount, double elevation, Spre
     double x = 0.0;
     double time = 0.0;
     std::uint32_t unused = 0;
-    ++problem.line;
+    problem.line += file.failed ? 0 : 1;
     for (std::int32_t i = 0; i < receiverCount; ++i) {
         extract(file, receiverNumber, problem);
         extract(file, x, problem);
@@ -204,7 +206,7 @@ std::int32_t readGeogigaTraveltimes(const std::string &path,
         while (file.line == "\r");
 
         if (shotIndex > 0 && file.line.empty() && !file.text.failed)
-            tell(problem, "a shot's last receiver row must end in CR LF, this one ends in LF");
+            tell(problem, "a carriage return or the next shot expected: do the rows end in CR LF?");
 
         Shot shot{0.0, elevation, ""};
         std::string value;

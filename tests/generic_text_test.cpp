@@ -38,7 +38,9 @@ std::string readText(const std::string &text, TraveltimeSurvey &survey, Problem 
     const TemporaryFolder folder;
     const std::string path = folder.write("shot.txt", text);
     return outcomeOf([&] {
-        return readGenericTraveltimes(path, survey.traveltimes, survey.spreads, {}, 0, problem);
+        SpreadIndex index;
+        return readGenericTraveltimes(path, survey.traveltimes, survey.spreads, {}, 0, index,
+                                      problem);
     });
 }
 
@@ -347,9 +349,10 @@ TEST(GenericReader, FileThatCannotBeReadIsAnEmptyShot)
 TEST(GenericReader, TellsThatAFileCannotBeRead)
 {
     TraveltimeSurvey survey;
+    SpreadIndex index;
     Problem problem{"/proc/self/mem"};
     EXPECT_EQ(readGenericTraveltimes("/proc/self/mem", survey.traveltimes, survey.spreads, {}, 0,
-                                     problem),
+                                     index, problem),
               0);
     EXPECT_EQ(problem.detail, "the file cannot be read to its end");
 }
@@ -435,7 +438,7 @@ TEST(GenericDriver, FileThatCannotBeReadConvertsAndIsTold)
                               "1\n1\n\n"
                               "0\n2\n1;\n");
     EXPECT_EQ(problem.file, mem);
-    EXPECT_EQ(problem.line, 0u);
+    EXPECT_EQ(problem.line, 1u); // where it cannot be read on
     EXPECT_EQ(problem.detail, "the file cannot be read to its end");
 }
 

@@ -101,8 +101,9 @@ TEST(SameSpread, ComparesAsNumbers)
 TEST(FindOrAddSpread, ShotsOnTheSameReceiversShareASpread)
 {
     std::vector<Spread> spreads;
-    EXPECT_EQ(findOrAddSpread(spreads, threeReceivers), 0u);
-    EXPECT_EQ(findOrAddSpread(spreads, threeReceivers), 0u);
+    SpreadIndex index;
+    EXPECT_EQ(findOrAddSpread(spreads, threeReceivers, index), 0u);
+    EXPECT_EQ(findOrAddSpread(spreads, threeReceivers, index), 0u);
     ASSERT_EQ(spreads.size(), 1u);
     EXPECT_TRUE(sameSpread(spreads[0], threeReceivers));
 }
@@ -110,9 +111,10 @@ TEST(FindOrAddSpread, ShotsOnTheSameReceiversShareASpread)
 TEST(FindOrAddSpread, DifferingElevationOfTheLastReceiverMakesASecondSpread)
 {
     std::vector<Spread> spreads = {threeReceivers};
+    SpreadIndex index;
     Spread raised = threeReceivers;
     raised.back().elevation += 0.5;
-    EXPECT_EQ(findOrAddSpread(spreads, raised), 1u);
+    EXPECT_EQ(findOrAddSpread(spreads, raised, index), 1u);
     ASSERT_EQ(spreads.size(), 2u);
     EXPECT_TRUE(sameSpread(spreads[0], threeReceivers));
     EXPECT_TRUE(sameSpread(spreads[1], raised));
@@ -121,24 +123,28 @@ TEST(FindOrAddSpread, DifferingElevationOfTheLastReceiverMakesASecondSpread)
 TEST(FindOrAddSpread, ReceiversInAnotherOrderMakeASecondSpread)
 {
     std::vector<Spread> spreads = {threeReceivers};
-    EXPECT_EQ(findOrAddSpread(spreads, {threeReceivers.rbegin(), threeReceivers.rend()}), 1u);
+    SpreadIndex index;
+    EXPECT_EQ(findOrAddSpread(spreads, {threeReceivers.rbegin(), threeReceivers.rend()}, index),
+              1u);
     EXPECT_EQ(spreads.size(), 2u);
 }
 
 TEST(FindOrAddSpread, ReceiverAtNanAlwaysMakesANewSpread)
 {
     std::vector<Spread> spreads;
+    SpreadIndex index;
     const Spread lost = {{0.0, 100.0}, {notANumber, 100.0}};
-    EXPECT_EQ(findOrAddSpread(spreads, lost), 0u);
-    EXPECT_EQ(findOrAddSpread(spreads, lost), 1u);
+    EXPECT_EQ(findOrAddSpread(spreads, lost, index), 0u);
+    EXPECT_EQ(findOrAddSpread(spreads, lost, index), 1u);
     EXPECT_EQ(spreads.size(), 2u);
 }
 
 TEST(FindOrAddSpread, ShotWithoutReceiversAlwaysMakesANewSpread)
 {
     std::vector<Spread> spreads = {threeReceivers};
-    EXPECT_EQ(findOrAddSpread(spreads, {}), 1u);
-    EXPECT_EQ(findOrAddSpread(spreads, {}), 2u);
+    SpreadIndex index;
+    EXPECT_EQ(findOrAddSpread(spreads, {}, index), 1u);
+    EXPECT_EQ(findOrAddSpread(spreads, {}, index), 2u);
     ASSERT_EQ(spreads.size(), 3u);
     EXPECT_TRUE(spreads[1].empty());
     EXPECT_TRUE(spreads[2].empty());
@@ -147,7 +153,8 @@ TEST(FindOrAddSpread, ShotWithoutReceiversAlwaysMakesANewSpread)
 TEST(FindOrAddSpread, TheLowestIndexWins)
 {
     std::vector<Spread> spreads = {{}, {{1.0, 1.0}}, threeReceivers, threeReceivers};
-    EXPECT_EQ(findOrAddSpread(spreads, threeReceivers), 2u);
+    SpreadIndex index;
+    EXPECT_EQ(findOrAddSpread(spreads, threeReceivers, index), 2u);
     EXPECT_EQ(spreads.size(), 4u);
 }
 
@@ -160,4 +167,23 @@ TEST(SurveyModel, TimesAreHeldInSeconds)
               0);
     ASSERT_EQ(survey.traveltimes.size(), 1u);
     EXPECT_EQ(survey.traveltimes[0].times, std::vector<double>{0.0125});
+}
+
+TEST(FindOrAddSpread, PositionsOfZeroAndMinusZeroAreTheSame)
+{
+    std::vector<Spread> spreads = {{{0.0, -0.0}}};
+    SpreadIndex index;
+    EXPECT_EQ(findOrAddSpread(spreads, {{-0.0, 0.0}}, index), 0u);
+    EXPECT_EQ(spreads.size(), 1u);
+}
+
+TEST(FindOrAddSpread, SpreadsThatOthersAddedAreFound)
+{
+    std::vector<Spread> spreads;
+    SpreadIndex index;
+    EXPECT_EQ(findOrAddSpread(spreads, {{1.0, 2.0}}, index), 0u);
+    spreads.push_back(threeReceivers);
+    EXPECT_EQ(findOrAddSpread(spreads, threeReceivers, index), 1u);
+    EXPECT_EQ(findOrAddSpread(spreads, {{3.0, 4.0}}, index), 2u);
+    EXPECT_EQ(findOrAddSpread(spreads, {{1.0, 2.0}}, index), 0u);
 }

@@ -519,14 +519,27 @@ TEST(OpenText, FolderIsNotOpened)
     EXPECT_EQ(errno, EISDIR);
 }
 
+TEST(LoadText, HoldsTheFileByteByByte)
+{
+    const TemporaryFolder folder;
+    const std::string bytes = std::string(70000, 'x') + "\r\n\0\xff";
+    Problem problem;
+    const TextFile file = loadText(folder.write("Linie 1 größer.txt", bytes), problem);
+    EXPECT_TRUE(file.isOpen);
+    EXPECT_EQ(file.text, bytes);
+    EXPECT_FALSE(loadText(folder.path("missing.txt"), problem).isOpen);
+    EXPECT_FALSE(loadText(folder.path(""), problem).isOpen);
+    EXPECT_EQ(problem.detail, "");
+}
+
 TEST(NextLine, KeepsTheCarriageReturnAndCountsTheLines)
 {
-    std::istringstream stream("one\r\n two\r\r\n\nlast");
+    TextFile file{"one\r\n two\r\r\n\nlast"};
     std::string line;
     Problem problem;
     std::size_t number = 0;
     for (const std::string expected : {"one\r", " two\r\r", "", "last"}) {
-        nextLine(stream, line, problem);
+        EXPECT_TRUE(nextLine(file, line, problem));
         EXPECT_EQ(line, expected);
         EXPECT_EQ(problem.line, ++number);
     }
@@ -536,14 +549,14 @@ TEST(NextLine, KeepsTheCarriageReturnAndCountsTheLines)
 TEST(NextLine, IsEmptyPastTheEndAndStaysAtTheLineAfterTheLast)
 {
     for (const std::string text : {"one\n", "one"}) {
-        std::istringstream stream(text);
+        TextFile file{text};
         std::string line;
         Problem problem;
-        nextLine(stream, line, problem);
+        EXPECT_TRUE(nextLine(file, line, problem));
         EXPECT_EQ(line, "one");
         for (int past = 0; past < 3; ++past) {
             line = "one";
-            nextLine(stream, line, problem);
+            EXPECT_FALSE(nextLine(file, line, problem));
             EXPECT_EQ(line, "");
             EXPECT_EQ(problem.line, 2u);
         }
