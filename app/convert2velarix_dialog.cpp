@@ -86,6 +86,9 @@ void Convert2VelarixDialog::on_pushButton_clicked()
     const QString name = QFileDialog::getOpenFileName(
         this, tr("Input file"), QDir::homePath(),
         tr("Seismic Unix (*.su);;Dolang seismic file (*.*DT  );;All Files (*)"), &selectedFilter);
+    // Qt lists filters with their runs of blanks squeezed; the Dolang filter keeps its own.
+    if (selectedFilter == QString(dolangFilter).simplified())
+        selectedFilter = tr(dolangFilter);
     if (!name.isEmpty()) {
         ui->inputSeismicEdit->setText(name);
         inputFileName = name.toStdString();
