@@ -3,10 +3,17 @@
 
 #include "batch/report.h"
 
-#include <QFileInfo>
-
 #include <exception>
+#include <filesystem>
 #include <iostream>
+
+#ifdef _WIN32
+#include <io.h>
+constexpr int R_OK = 4;
+constexpr int W_OK = 2;
+#else
+#include <unistd.h>
+#endif
 
 bool attempt(const std::function<std::int32_t()> &conversion, Problem &problem)
 {
@@ -36,15 +43,27 @@ void report(const Problem &problem)
 
 bool isReadable(const std::string &path, Problem &problem)
 {
-    const QFileInfo file(QString::fromStdString(path));
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
     problem.file = path;
-    if (!file.exists())
+    if (!std::filesystem::exists(status))
         tell(problem, "no such file");
-    else if (file.isDir())
+    else if (std::filesystem::is_directory(status))
         tell(problem, "this is a folder");
-    else if (!file.isReadable())
+    else if (access(path.c_str(), R_OK) != 0)
         tell(problem, "no permission to read this file");
     return problem.detail.empty();
+}
+
+bool isWritable(const std::string &path)
+{
+    return access(path.c_str(), W_OK) == 0;
+}
+
+bool isSameFile(const std::string &first, const std::string &second)
+{
+    std::error_code ignored;
+    return std::filesystem::equivalent(first, second, ignored);
 }
 
 int refuseUsage(const std::string &reason)

@@ -25,5 +25,11 @@ void report(const Problem &problem);
 /// missing file for an empty one, a script must not.
 bool isReadable(const std::string &path, Problem &problem);
 
+/// True when `path` can be written to, as it stands.
+bool isWritable(const std::string &path);
+
+/// True when both are names of one existing file.
+bool isSameFile(const std::string &first, const std::string &second);
+
 /// Tells wrong usage on the standard error stream and returns its exit status.
 int refuseUsage(const std::string &reason);

@@ -38,7 +38,7 @@ bool convertSu(const std::string &path)
 {
     Problem problem;
     const std::string base = beforeLastDot(path);
-    if (path == base + ".seg2" || path == base + "_tmp")
+    if (isSameFile(path, base + ".seg2") || isSameFile(path, base + "_tmp"))
         problem = {path, 0, "the output would replace this input"};
     const bool whole =
         isReadable(path, problem)

@@ -13,17 +13,12 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 
 namespace {
 
 using Conversion = std::function<std::int32_t(const std::string &outputPath, Problem &problem)>;
-
-bool isSameFile(const std::string &first, const std::string &second)
-{
-    std::error_code ignored;
-    return std::filesystem::equivalent(first, second, ignored);
-}
 
 int run(const std::vector<std::string> &files, const std::string &outputPath,
         const Conversion &conversion)
@@ -47,11 +42,31 @@ int run(const std::vector<std::string> &files, const std::string &outputPath,
     return whole ? converted : conversionFailed;
 }
 
+bool readList(const std::string &path, std::vector<GenericShot> &shots, Problem &problem)
+{
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    TextFile file = loadText(path, problem);
+    if (file.text.starts_with("\xEF\xBB\xBF"))
+        file.position = 3; // a byte order mark
+    std::string line;
+    while (problem.detail.empty() && nextLine(file, line, problem)) {
+        const std::size_t nameEnd = line.find(';');
+        GenericShot shot{(folder / line.substr(0, nameEnd)).string()};
+        if (nameEnd == 0 || nameEnd == std::string::npos
+            || !parsePosition(line.substr(nameEnd + 1), ';', shot))
+            tell(problem, "\"file;x;elevation\" expected");
+        shots.push_back(shot);
+    }
+    if (shots.empty())
+        problem = {path, 0, "no shot is listed"};
+    return problem.detail.empty();
+}
+
 bool toNumber(const QString &text, double &value)
 {
     bool isNumber = false;
     value = text.toDouble(&isNumber);
-    return isNumber;
+    return isNumber && std::isfinite(value);
 }
 
 } // namespace
@@ -89,23 +104,9 @@ int runGenericList(const std::string &listPath, const std::string &outputPath)
 {
     Problem problem;
     std::vector<GenericShot> shots;
-    if (isReadable(listPath, problem)) {
-        const std::filesystem::path folder = std::filesystem::path(listPath).parent_path();
-        std::ifstream stream = openText(listPath);
-        std::string line;
-        while (problem.detail.empty() && std::getline(stream, line)) {
-            ++problem.line;
-            const std::size_t nameEnd = std::min(line.find(';'), line.size());
-            GenericShot shot{(folder / line.substr(0, nameEnd)).string()};
-            if (nameEnd == 0
-                || !parsePosition(line.substr(std::min(nameEnd + 1, line.size())), ';', shot))
-                problem.detail = "\"file;x;elevation\" expected";
-            shots.push_back(shot);
-        }
-        if (shots.empty())
-            problem.detail = "no shot is listed";
-    }
-    if (!problem.detail.empty()) {
+    if (isSameFile(listPath, outputPath))
+        problem = {listPath, 0, "the output would replace this input"};
+    if (!isReadable(listPath, problem) || !readList(listPath, shots, problem)) {
         report(problem);
         return conversionFailed;
     }

@@ -3,8 +3,9 @@
 
 #include "batch/whole_file.h"
 
+#include "batch/report.h"
+
 #include <QCoreApplication>
-#include <QFileInfo>
 
 #include <array>
 #include <cerrno>
@@ -21,6 +22,12 @@ constexpr std::size_t longestPath = 4096;
 std::array<std::array<char, longestPath>, 2> unfinished;
 volatile std::sig_atomic_t unfinishedCount = 0;
 
+#ifdef _WIN32
+constexpr std::array endingSignals = {SIGINT, SIGTERM};
+#else
+constexpr std::array endingSignals = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+#endif
+
 extern "C" void removeUnfinished(int signal)
 {
     for (int i = 0; i < unfinishedCount; ++i)
@@ -34,7 +41,7 @@ void beginUnfinished(const std::string &path)
     const auto index = static_cast<std::size_t>(unfinishedCount);
     std::strncpy(unfinished[index].data(), path.c_str(), longestPath - 1);
     unfinishedCount = unfinishedCount + 1;
-    for (const int signal : {SIGINT, SIGTERM})
+    for (const int signal : endingSignals)
         std::signal(signal, removeUnfinished);
 }
 
@@ -58,11 +65,15 @@ bool writeWhole(const std::string &path, const std::function<bool(const std::str
     const fs::file_status before = fs::status(path, error);
     if (fs::exists(before) && !fs::is_regular_file(before))
         return write(path);
-    if (fs::exists(before) && !QFileInfo(QString::fromStdString(path)).isWritable())
+    if (fs::exists(before) && !isWritable(path))
         return fail(path, std::make_error_code(std::errc::permission_denied), problem);
 
     // Through a link, the file that it leads to is replaced, not the link.
-    const std::string target = fs::exists(before) ? fs::canonical(path, error).string() : path;
+    std::string target = path;
+    if (fs::exists(before))
+        target = fs::canonical(path, error).string();
+    else if (fs::is_symlink(path, error))
+        target = (fs::path(path).parent_path() / fs::read_symlink(path, error)).string();
     const std::string partial =
         target + ".part-" + std::to_string(QCoreApplication::applicationPid());
     beginUnfinished(partial);

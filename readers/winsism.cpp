@@ -71,6 +71,7 @@ std::int32_t complete(std::map<std::uint32_t, Entry> &table, double Entry::*coor
                       const Section &section, const std::string &countMessage,
                       const std::string &numberMessage, Problem &problem)
 {
+    --problem.line; // what can be wrong now is the line of numbers, in front of the values
     if (section.numbers.size() != table.size())
         return refuse(countMessage, section.heading, problem,
                       ": " + counted(section.numbers.size(), "number") + ", "
@@ -82,6 +83,7 @@ std::int32_t complete(std::map<std::uint32_t, Entry> &table, double Entry::*coor
                           ": " + std::to_string(section.numbers[i]) + " is not listed above");
         entry->second.*coordinate = section.values[i];
     }
+    ++problem.line;
     return 0;
 }
 
