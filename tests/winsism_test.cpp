@@ -583,14 +583,14 @@ TEST(WinsismProblems, LineAndDetail)
         const char *detail;
     } cases[] = {
         {{{5, "1"}, {6, "5"}},
-         6,
+         5,
          "Invalid shot ids : Shot number, Shot distance: 1 number, 2 expected"},
-        {{{5, "1 7"}}, 6, "Invalid shot ids : Shot number, Shot distance: 7 is not listed above"},
+        {{{5, "1 7"}}, 5, "Invalid shot ids : Shot number, Shot distance: 7 is not listed above"},
         {{{11, "1 2"}, {12, "5 6"}},
-         12,
+         11,
          "Invalid phone list : Receiver number, receiver elevation: 2 numbers, 3 expected"},
         {{{11, "1 2 -1"}},
-         12,
+         11,
          "Invalid phone ids : Receiver number, receiver elevation: 4294967295 is not listed "
          "above"},
         {{{14, "1 2 3"}}, 14, "Invalid times : FBP times: 3 fields, 0 expected"},

@@ -1,0 +1,413 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/batch_command.h"
+#include "tests/support/small_surveys.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <fstream>
+#include <linux/capability.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Arguments = std::vector<std::string>;
+
+/// A folder with one generic file, which converts into genericOtte, and an older output.
+struct Survey : BatchFolder
+{
+    Survey()
+    {
+        write("s1.txt", fileOf(genericLines));
+        write("line.otte", "older");
+    }
+};
+
+/// The command line that converts `input`.
+Arguments convert(const std::string &input, const std::string &output)
+{
+    return {"generic", input, "--shot", "-1,100", "-o", output};
+}
+
+/// Expects that the command fails with the one line and changes nothing in the folder.
+void expectNothingChanged(const BatchFolder &folder, const Arguments &arguments,
+                          const std::string &line, const std::function<void()> &inChild = {})
+{
+    const std::vector<std::string> before = folder.names();
+    EXPECT_EQ(folder.run(arguments, inChild), (BatchRun{1, "", line + '\n'}));
+    EXPECT_EQ(folder.names(), before);
+    EXPECT_EQ(readFile(folder.path("line.otte")), "older");
+}
+
+/// Root is not held back by permissions; without these capabilities it is, as any other user.
+void asOrdinaryUser()
+{
+    prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+    prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
+}
+
+/// Whether the permissions of the path hold an ordinary user back from what `test` is asked.
+bool areHeldBack(const char *question, const std::string &path)
+{
+    QProcess process;
+    process.setChildProcessModifier(asOrdinaryUser);
+    process.start("test", {question, QString::fromStdString(path)});
+    process.waitForFinished();
+    return process.exitCode() == 1;
+}
+
+/// A device of the kernel's memory devices in the folder, so that no test can harm the one in /dev;
+/// that one where devices cannot be made, which is where it cannot be harmed.
+std::string memoryDevice(const BatchFolder &folder, unsigned minor, const std::string &inDev)
+{
+    const std::string path = folder.path("device");
+    if (mknod(path.c_str(), S_IFCHR | 0600, makedev(1, minor)) != 0)
+        return inDev;
+    const int opened = open(path.c_str(), O_WRONLY);
+    if (opened < 0) {
+        fs::remove(path);
+        return inDev;
+    }
+    close(opened);
+    return path;
+}
+
+/// A file system of a few kilobytes.
+class SmallFileSystem
+{
+public:
+    explicit SmallFileSystem(const std::string &path)
+        : folder(path)
+    {
+        fs::create_directory(folder);
+        isMounted = mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=16k") == 0;
+    }
+    ~SmallFileSystem()
+    {
+        if (isMounted)
+            umount2(folder.c_str(), MNT_DETACH);
+    }
+    SmallFileSystem(const SmallFileSystem &) = delete;
+    SmallFileSystem &operator=(const SmallFileSystem &) = delete;
+
+    bool isMounted;
+
+private:
+    std::string folder;
+};
+
+std::string repeated(const std::string &text, int count)
+{
+    std::string result;
+    for (int i = 0; i < count; ++i)
+        result += text;
+    return result;
+}
+
+std::string manyReceivers(int count)
+{
+    return repeated("5;100;0.004\n", count);
+}
+
+std::string manyReceiversOtte(int count)
+{
+    return "otte\n1.0\n2\n1\n" + repeated("5;", count) + '\n' + repeated("100;", count)
+           + "\n-1;\n100;\n0\n0\n" + repeated("4;", count) + '\n';
+}
+
+constexpr int longLine = 200000; // receivers, so that writing them takes a while
+
+} // namespace
+
+TEST(BatchOutput, NewOutputIsAFileAsAnyOther)
+{
+    const Survey survey;
+    EXPECT_EQ(survey.run(convert("s1.txt", "new.otte"), [] { umask(027); }), BatchRun{});
+    EXPECT_EQ(readFile(survey.path("new.otte")), genericOtte);
+    EXPECT_EQ(fs::status(survey.path("new.otte")).permissions(), fs::perms(0640));
+    EXPECT_EQ(survey.names(), (std::vector<std::string>{"line.otte", "new.otte", "s1.txt"}));
+}
+
+TEST(BatchOutput, OlderOutputIsReplacedAndKeepsItsPermissions)
+{
+    for (const auto permissions : {fs::perms(0604), fs::perms(0660), fs::perms(0755)}) {
+        const Survey survey;
+        fs::permissions(survey.path("line.otte"), permissions);
+        EXPECT_EQ(survey.run(convert("s1.txt", "line.otte")), BatchRun{});
+        EXPECT_EQ(readFile(survey.path("line.otte")), genericOtte);
+        EXPECT_EQ(fs::status(survey.path("line.otte")).permissions(), permissions);
+        EXPECT_EQ(survey.names(), (std::vector<std::string>{"line.otte", "s1.txt"}));
+    }
+}
+
+TEST(BatchOutput, ThroughALinkItsTargetIsReplaced)
+{
+    const Survey survey;
+    const BatchFolder elsewhere;
+    elsewhere.write("target.otte", "older");
+    fs::create_symlink(elsewhere.path("target.otte"), survey.path("second link"));
+    fs::create_symlink("second link", survey.path("first link"));
+    const std::vector<std::string> before = survey.names();
+
+    EXPECT_EQ(survey.run(convert("s1.txt", "first link")), BatchRun{});
+    EXPECT_EQ(readFile(elsewhere.path("target.otte")), genericOtte);
+    EXPECT_EQ(elsewhere.names(), std::vector<std::string>{"target.otte"});
+    EXPECT_EQ(fs::read_symlink(survey.path("first link")), "second link");
+    EXPECT_EQ(fs::read_symlink(survey.path("second link")), elsewhere.path("target.otte"));
+    EXPECT_EQ(survey.names(), before);
+}
+
+TEST(BatchOutput, LinkToAFileThatIsNotThereYet)
+{
+    const Survey survey;
+    fs::create_symlink("target.otte", survey.path("link"));
+    EXPECT_EQ(survey.run(convert("s1.txt", "link")), BatchRun{});
+    EXPECT_TRUE(fs::is_symlink(survey.path("link")));
+    EXPECT_EQ(readFile(survey.path("link")), genericOtte);
+    EXPECT_EQ(survey.names(),
+              (std::vector<std::string>{"line.otte", "link", "s1.txt", "target.otte"}));
+}
+
+TEST(BatchOutput, InputIsNotReplaced)
+{
+    const Survey survey;
+    survey.write("other.txt", fileOf(genericLines));
+    survey.write("line.vs", fileOf(seisImagerLines));
+    survey.write("shots.txt", "other.txt;-1;100\ns1.txt;9;100\n");
+    fs::create_symlink("s1.txt", survey.path("link"));
+    fs::create_hard_link(survey.path("s1.txt"), survey.path("hard link"));
+    const std::vector<std::pair<Arguments, std::string>> cases = {
+        {convert("s1.txt", "s1.txt"), "s1.txt"},
+        {convert("s1.txt", "./s1.txt"), "s1.txt"},
+        {convert("s1.txt", survey.path("s1.txt")), "s1.txt"},
+        {convert("s1.txt", "link"), "s1.txt"},
+        {convert("link", "s1.txt"), "link"},
+        {convert("hard link", "s1.txt"), "hard link"},
+        {{"geogiga", "s1.txt", "-o", "s1.txt"}, "s1.txt"},
+        {{"winsism", "s1.txt", "-o", "s1.txt"}, "s1.txt"},
+        {{"seisimager", "line.vs", "-o", "line.vs"}, "line.vs"},
+        {{"seisimager", "line.vs", "s1.txt", "-o", "s1.txt"}, "s1.txt"},
+        {{"generic", "--shots", "shots.txt", "-o", "s1.txt"}, "s1.txt"},
+        {{"generic", "--shots", "shots.txt", "-o", "shots.txt"}, "shots.txt"},
+    };
+    for (const auto &[arguments, input] : cases) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        expectNothingChanged(survey, arguments, input + ": the output would replace this input");
+        EXPECT_EQ(readFile(survey.path("s1.txt")), fileOf(genericLines));
+        EXPECT_EQ(readFile(survey.path("line.vs")), fileOf(seisImagerLines));
+        EXPECT_EQ(readFile(survey.path("shots.txt")), "other.txt;-1;100\ns1.txt;9;100\n");
+    }
+}
+
+TEST(BatchOutput, PlacesWhereNothingCanBeWritten)
+{
+    const Survey survey;
+    fs::create_directory(survey.path("folder"));
+    const std::vector<std::pair<std::string, int>> cases = {
+        {"missing/line.otte", ENOENT},
+        {"s1.txt/line.otte", ENOTDIR},
+        {"folder", EISDIR},
+        {".", EISDIR},
+    };
+    for (const auto &[output, error] : cases)
+        expectNothingChanged(survey, convert("s1.txt", output), output + ": " + systemText(error));
+    EXPECT_TRUE(fs::is_empty(survey.path("folder")));
+}
+
+TEST(BatchOutput, FullDeviceStaysADevice)
+{
+    const Survey survey;
+    const std::string device = memoryDevice(survey, 7, "/dev/full");
+    expectNothingChanged(survey, convert("s1.txt", device), device + ": " + systemText(ENOSPC));
+    EXPECT_TRUE(fs::is_character_file(device));
+    fs::create_symlink(device, survey.path("link"));
+    expectNothingChanged(survey, convert("s1.txt", "link"), "link: " + systemText(ENOSPC));
+    EXPECT_TRUE(fs::is_character_file(device));
+}
+
+TEST(BatchOutput, DevicesAndPipesAreWrittenDirectly)
+{
+    const Survey survey;
+    const std::string device = memoryDevice(survey, 3, "/dev/null");
+    EXPECT_EQ(survey.run(convert("s1.txt", device)), BatchRun{});
+    EXPECT_TRUE(fs::is_character_file(device));
+    EXPECT_EQ(survey.run(convert("s1.txt", "/dev/stdout")), (BatchRun{0, genericOtte}));
+}
+
+TEST(BatchOutput, FileThatMayNotBeWritten)
+{
+    const Survey survey;
+    fs::permissions(survey.path("line.otte"), fs::perms(0444));
+    if (!areHeldBack("-w", survey.path("line.otte")))
+        GTEST_SKIP() << "Permissions hold nobody back here.";
+    expectNothingChanged(survey, convert("s1.txt", "line.otte"), "line.otte: " + systemText(EACCES),
+                         asOrdinaryUser);
+}
+
+TEST(BatchOutput, FolderThatMayNotBeWritten)
+{
+    const Survey survey;
+    fs::permissions(survey.path(""), fs::perms(0500));
+    if (!areHeldBack("-w", survey.path("")))
+        GTEST_SKIP() << "Permissions hold nobody back here.";
+    for (const std::string output : {"new.otte", "line.otte"})
+        expectNothingChanged(survey, convert("s1.txt", output), output + ": " + systemText(EACCES),
+                             asOrdinaryUser);
+    fs::permissions(survey.path(""), fs::perms(0700));
+}
+
+TEST(BatchOutput, InputThatMayNotBeRead)
+{
+    const Survey survey;
+    survey.write("shots.txt", "s1.txt;-1;100\n");
+    fs::permissions(survey.path("s1.txt"), fs::perms(0200));
+    if (!areHeldBack("-r", survey.path("s1.txt")))
+        GTEST_SKIP() << "Permissions hold nobody back here.";
+    const std::string problem = ": no permission to read this file";
+    for (const Arguments &arguments :
+         {convert("s1.txt", "line.otte"),
+          Arguments{"generic", "--shots", "shots.txt", "-o", "line.otte"},
+          Arguments{"geogiga", "s1.txt", "-o", "line.otte"},
+          Arguments{"winsism", "s1.txt", "-o", "line.otte"},
+          Arguments{"seisimager", "s1.txt", "-o", "line.otte"}, Arguments{"su", "s1.txt"}})
+        expectNothingChanged(survey, arguments, "s1.txt" + problem, asOrdinaryUser);
+    fs::permissions(survey.path("shots.txt"), fs::perms(0200));
+    expectNothingChanged(survey, {"generic", "--shots", "shots.txt", "-o", "line.otte"},
+                         "shots.txt" + problem, asOrdinaryUser);
+}
+
+TEST(BatchOutput, DiskThatFillsUp)
+{
+    const Survey survey;
+    survey.write("long.txt", manyReceivers(10000));
+    const SmallFileSystem disk(survey.path("disk"));
+    if (!disk.isMounted)
+        GTEST_SKIP() << "No file system can be mounted here: " << systemText(errno);
+    survey.write("disk/line.otte", "older on the disk");
+    expectNothingChanged(survey, convert("long.txt", "disk/line.otte"),
+                         "disk/line.otte: " + systemText(ENOSPC));
+    EXPECT_EQ(readFile(survey.path("disk/line.otte")), "older on the disk");
+    EXPECT_EQ(fs::space(survey.path("disk")).free, 12U * 1024);
+
+    expectNothingChanged(survey, convert("long.txt", "disk/new.otte"),
+                         "disk/new.otte: " + systemText(ENOSPC));
+    EXPECT_FALSE(exists(survey.path("disk/new.otte")));
+    EXPECT_EQ(survey.run(convert("s1.txt", "disk/line.otte")), BatchRun{});
+    EXPECT_EQ(readFile(survey.path("disk/line.otte")), genericOtte);
+}
+
+TEST(BatchOutput, FileThatMayNotGrow)
+{
+    const Survey survey;
+    survey.write("long.txt", manyReceivers(10000));
+    expectNothingChanged(survey, convert("long.txt", "line.otte"),
+                         "line.otte: " + systemText(EFBIG), [] {
+                             const rlimit limit = {4096, 4096};
+                             setrlimit(RLIMIT_FSIZE, &limit);
+                             signal(SIGXFSZ, SIG_IGN);
+                         });
+}
+
+TEST(BatchOutput, InterruptWhileReading)
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        SCOPED_TRACE(signal);
+        const Survey survey;
+        ASSERT_EQ(mkfifo(survey.path("pipe").c_str(), 0600), 0);
+        const std::vector<std::string> before = survey.names();
+        QProcess process;
+        survey.start(process, convert("pipe", "line.otte"));
+        int pipe = -1;
+        ASSERT_TRUE(waitUntil([&] {
+            pipe = open(survey.path("pipe").c_str(), O_WRONLY | O_NONBLOCK);
+            return pipe >= 0; // the command reads now
+        }));
+        EXPECT_EQ(write(pipe, "0;100;0.001\n", 12), 12);
+        sendSignal(process, signal);
+        EXPECT_EQ(finish(process), BatchRun{-signal});
+        close(pipe);
+        EXPECT_EQ(readFile(survey.path("line.otte")), "older");
+        EXPECT_EQ(survey.names(), before);
+    }
+}
+
+TEST(BatchOutput, IgnoredSignalsStayIgnored)
+{
+    const Survey survey;
+    ASSERT_EQ(mkfifo(survey.path("pipe").c_str(), 0600), 0);
+    QProcess process;
+    process.setChildProcessModifier([] {
+        for (const int ignored : {SIGINT, SIGHUP}) // as nohup and a shell's background do
+            signal(ignored, SIG_IGN);
+    });
+    survey.start(process, convert("pipe", "line.otte"));
+    std::ofstream pipe(survey.path("pipe")); // opened when the command reads
+    sendSignal(process, SIGINT);
+    sendSignal(process, SIGHUP);
+    pipe << fileOf(genericLines) << std::flush;
+    pipe.close();
+    EXPECT_EQ(finish(process), BatchRun{});
+    EXPECT_EQ(readFile(survey.path("line.otte")), genericOtte);
+}
+
+TEST(BatchOutput, InterruptWhileWriting)
+{
+    const Survey survey;
+    survey.write("long.txt", manyReceivers(longLine));
+    const std::vector<std::string> before = survey.names();
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        SCOPED_TRACE(signal);
+        BatchRun run;
+        for (int attempt = 0; run.status == 0 && attempt < 20; ++attempt) {
+            survey.write("line.otte", "older");
+            QProcess process;
+            survey.start(process, convert("long.txt", "line.otte"));
+            EXPECT_TRUE(waitUntil([&] {
+                return survey.names() != before || readFile(survey.path("line.otte")) != "older";
+            }));
+            sendSignal(process, signal);
+            run = finish(process); // with status 0 when the signal came too late
+        }
+        EXPECT_EQ(run, BatchRun{-signal});
+        EXPECT_EQ(readFile(survey.path("line.otte")), "older");
+        EXPECT_EQ(survey.names(), before);
+    }
+}
+
+TEST(BatchOutput, KilledAtAnyMomentTheOutputIsTheOlderOrTheNewOneWhole)
+{
+    constexpr int moments = 20;
+    const Survey survey;
+    survey.write("long.txt", manyReceivers(longLine));
+    const std::string newer = manyReceiversOtte(longLine);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(survey.run(convert("long.txt", "line.otte")), BatchRun{});
+    const auto duration = std::chrono::steady_clock::now() - start;
+    EXPECT_TRUE(readFile(survey.path("line.otte")) == newer);
+
+    for (int moment = 0; moment < moments; ++moment) {
+        survey.write("line.otte", "older");
+        QProcess process;
+        survey.start(process, convert("long.txt", "line.otte"));
+        std::this_thread::sleep_for(duration * moment / moments);
+        sendSignal(process, SIGKILL);
+        const int status = finish(process).status;
+        EXPECT_TRUE(status == 0 || status == -SIGKILL) << status;
+        const std::string output = readFile(survey.path("line.otte"));
+        EXPECT_TRUE(output == "older" || output == newer)
+            << "moment " << moment << ": " << output.size() << " bytes";
+    }
+}

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "tests/support/support.h"
+
+#include <QProcess>
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+/// How a run of convert2velarix-batch ended, with all that it wrote to the standard streams.
+struct BatchRun
+{
+    int status = 0; ///< minus the number of the signal, when one ended it
+    std::string output = {};
+    std::string error = {};
+
+    bool operator==(const BatchRun &) const = default;
+};
+
+/// For the messages of failed tests.
+std::ostream &operator<<(std::ostream &stream, const BatchRun &run);
+
+/// A folder in which convert2velarix-batch runs.
+class BatchFolder : public TemporaryFolder
+{
+public:
+    /// Runs the command to its end; `inChild` is called in the new process before the command.
+    BatchRun run(const std::vector<std::string> &arguments,
+                 const std::function<void()> &inChild = {}) const;
+    /// The same with a terminal as the standard error stream; gives what is written there. Nothing
+    /// must be written to the standard output stream.
+    std::string runOnTerminal(const std::vector<std::string> &arguments) const;
+    /// Starts the command and comes back at once.
+    void start(QProcess &process, const std::vector<std::string> &arguments) const;
+
+    /// What the folder holds, sorted.
+    std::vector<std::string> names() const;
+};
+
+/// Waits for the end of a command that was started.
+BatchRun finish(QProcess &process);
+
+/// Sends a signal to a command that was started.
+void sendSignal(const QProcess &process, int signal);
+
+/// Waits until `condition` holds; false when it still does not after a long while.
+bool waitUntil(const std::function<bool()> &condition);
+
+/// The system's text for an error number, in the language of the test's and the command's locale.
+std::string systemText(int code);
