@@ -54,12 +54,14 @@ bool nextValue(const std::string &keyword, std::string &value, OpenFile &file, P
 /// The number of shots as the file writes it, decimals and all: cut to an integer, modulo 2^32.
 std::uint32_t toShotCount(const std::string &text, Problem &problem)
 {
-    tell(problem, "number of shots \"" + text + '"');
-    const double count = toDoubleOrThrow(text);
-    problem.detail.clear();
-    if (!std::isfinite(count))
-        return 0;
-    return static_cast<std::uint32_t>(static_cast<std::int64_t>(std::fmod(count, 4294967296.0)));
+    try {
+        const double count = std::fmod(toDoubleOrThrow(text), 4294967296.0);
+        return std::isfinite(count) ? static_cast<std::uint32_t>(static_cast<std::int64_t>(count))
+                                    : 0;
+    } catch (const std::logic_error &) {
+        tell(problem, "number of shots \"" + text + '"');
+        throw;
+    }
 }
 
 bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Problem &problem)
@@ -106,6 +108,7 @@ bool parseQuickly(std::string_view word, Number &number)
 template <typename Number>
 void extract(TextFile &file, Number &number, Problem &problem)
 {
+    constexpr char numberCharacters[] = "0123456789+-.eE";
     constexpr char whiteSpace[] = " \t\n\v\f\r";
     if (file.failed)
         return;
@@ -116,7 +119,9 @@ void extract(TextFile &file, Number &number, Problem &problem)
     file.failed = begin == file.text.size();
     if (file.failed)
         return;
-    const std::size_t end = std::min(file.text.find_first_of(whiteSpace, begin), file.text.size());
+    const std::size_t end =
+        std::max(begin + 1,
+                 std::min(file.text.find_first_not_of(numberCharacters, begin), file.text.size()));
     const std::string_view word(&file.text[begin], end - begin);
     file.position = end;
     if (parseQuickly(word, number))
@@ -144,7 +149,7 @@ void readRows(TextFile &file, std::int32_t receiverCount, double elevation, Spre
         extract(file, x, problem);
         extract(file, time, problem);
         extract(file, unused, problem);
-        if (file.failed)
+        if (file.failed && problem.detail.empty())
             tell(problem, "receiver row " + std::to_string(i + 1) + " of "
                               + std::to_string(receiverCount) + " is not four numbers");
         if (static_cast<std::size_t>(i) >= receivers.size()) {

@@ -162,6 +162,8 @@ std::int32_t readWinsismTraveltimes(const std::string &path,
 
     if (readTimes(stream, traveltimes, spreads, shots, problem) != 0)
         return 1;
+    if (stream.bad())
+        tell(problem, "the file cannot be read to its end");
     spreads.push_back(receivers);
     return 0;
 }

@@ -37,17 +37,15 @@ bool sameSpread(const Spread &a, const Spread &b)
 std::uint32_t findOrAddSpread(std::vector<Spread> &spreads, Spread receivers, SpreadIndex &index)
 {
     for (; index.indexed < spreads.size(); ++index.indexed)
-        index.byHash.emplace(hash(spreads[index.indexed]), index.indexed);
+        if (!spreads[index.indexed].empty()) // which is the same as none
+            index.byHash.emplace(hash(spreads[index.indexed]), index.indexed);
 
-    const std::size_t wanted = hash(receivers);
     auto found = static_cast<std::uint32_t>(spreads.size());
-    const auto [first, last] = index.byHash.equal_range(wanted);
+    const auto [first, last] = index.byHash.equal_range(hash(receivers));
     for (auto candidate = first; candidate != last; ++candidate)
         if (candidate->second < found && sameSpread(spreads[candidate->second], receivers))
             found = candidate->second;
-    if (found == spreads.size()) {
+    if (found == spreads.size())
         spreads.push_back(std::move(receivers));
-        index.byHash.emplace(wanted, index.indexed++);
-    }
     return found;
 }

@@ -46,7 +46,9 @@ char *printPlainly(char *to, double value)
 /// end, and from -4 to 5 without the exponent itself. Returns the end.
 char *layOut(char *to, std::uint32_t digits, int exponent)
 {
-    std::array<char, 12> text; // with room to copy six characters from anywhere in the digits
+    // Six characters are copied wherever the digits begin: what comes with them from behind the
+    // digits is overwritten or lies behind the end that is returned.
+    std::array<char, 12> text = {};
     for (std::size_t i = 6; i-- > 0; digits /= 10)
         text[i] = static_cast<char>('0' + digits % 10);
     int count = 6;
@@ -215,11 +217,17 @@ TextFile loadText(const std::string &path, Problem &problem)
     TextFile file;
     std::ifstream stream = openText(path);
     file.isOpen = stream.good();
-    std::array<char, 65536> block;
-    while (stream.read(block.data(), block.size()) || stream.gcount() > 0)
-        file.text.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    if (stream.bad() && problem.detail.empty())
-        problem = {path, 0, "the file cannot be read to its end", problem.remark};
+    // By what the buffer holds: a read that fails takes nothing with it that stood before.
+    while (stream.peek() != std::char_traits<char>::eof()) {
+        const std::size_t before = file.text.size();
+        file.text.resize(before + static_cast<std::size_t>(stream.rdbuf()->in_avail()));
+        stream.read(&file.text[before], static_cast<std::streamsize>(file.text.size() - before));
+    }
+    if (stream.bad()) {
+        file.text.resize(file.text.rfind('\n') + 1);
+        if (problem.detail.empty())
+            problem = {path, 0, "the file cannot be read to its end", problem.remark};
+    }
     return file;
 }
 

@@ -58,7 +58,7 @@ struct TextFile
     bool failed = false; ///< what was to be read was not there: nothing more is read
 };
 
-/// A file that cannot be read to its end is told in `problem` and ends where it could be read to.
+/// A file that cannot be read to its end is told in `problem` and ends with the last whole line.
 TextFile loadText(const std::string &path, Problem &problem);
 
 /// Reads up to the next line feed and counts the line in problem.line. A carriage return stays.
