@@ -42,7 +42,8 @@ void beginUnfinished(const std::string &path)
     std::strncpy(unfinished[index].data(), path.c_str(), longestPath - 1);
     unfinishedCount = unfinishedCount + 1;
     for (const int signal : endingSignals)
-        std::signal(signal, removeUnfinished);
+        if (std::signal(signal, removeUnfinished) == SIG_IGN)
+            std::signal(signal, SIG_IGN); // as under nohup
 }
 
 bool fail(const std::string &path, const std::error_code &error, Problem &problem)
