@@ -87,9 +87,10 @@ Seg2Trace buildTrace(const Seg2TraceHeader &header, std::vector<float> samples);
 void addTrace(Seg2File &file, const Seg2TraceHeader &header, std::vector<float> samples);
 
 /// Writes the file to `stream`, a seekable binary stream positioned at 0, and fills the sizes and
-/// the trace pointers into the record. Fields of 16 bits keep their value modulo 2^16: from 16384
-/// traces on that of the trace pointers' size, from 65536 on that of their number, for which room
-/// is left in front of the strings. The stream's state tells whether all was written.
+/// the trace pointers into the record. Fields of 16 bits keep their value modulo 2^16: the size
+/// of the trace pointers from 16384 traces on, the number of traces from 65536 on. Room for the
+/// pointers is left for the number as kept, so that 65536 pointers overwrite the strings and the
+/// first traces. The stream's state tells whether all was written.
 ///
 /// Throws std::out_of_range "invalid vector subscript" for a trace with fewer samples, or a file
 /// with fewer trace pointers, than there must be.

@@ -26,7 +26,8 @@ constexpr std::size_t sampleCountOffset = 114;
 constexpr std::size_t sampleIntervalOffset = 116; // microseconds
 constexpr std::size_t headerSize = 240;
 
-/// What the reader keeps of the file that it read last, all of it set anew by the next.
+/// What the reader keeps between its two passes over a file. The format stays at floats once a
+/// trace was read, and the byte order is never changed.
 struct ReaderState
 {
     std::uint32_t sampleCount = 0;

@@ -13,8 +13,6 @@
 #include <string>
 #include <vector>
 
-class QAbstractButton;
-
 /// Runs Qt tests with an application whose home is an empty folder and whose file dialogs are Qt's
 /// own. A test function that takes longer than a minute ends the program.
 int runWindowTests(QObject *tests, int argc, char *argv[]);
