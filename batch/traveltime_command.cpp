@@ -57,7 +57,7 @@ bool readList(const std::string &path, std::vector<GenericShot> &shots, Problem 
             tell(problem, "\"file;x;elevation\" expected");
         shots.push_back(shot);
     }
-    if (shots.empty())
+    if (shots.empty() && problem.detail.empty())
         problem = {path, 0, "no shot is listed"};
     return problem.detail.empty();
 }

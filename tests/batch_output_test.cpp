@@ -7,40 +7,19 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <fstream>
 #include <linux/capability.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
 
 namespace fs = std::filesystem;
-
-using Arguments = std::vector<std::string>;
-
-/// A folder with one generic file, which converts into genericOtte, and an older output.
-struct Survey : BatchFolder
-{
-    Survey()
-    {
-        write("s1.txt", fileOf(genericLines));
-        write("line.otte", "older");
-    }
-};
-
-/// The command line that converts `input`.
-Arguments convert(const std::string &input, const std::string &output)
-{
-    return {"generic", input, "--shot", "-1,100", "-o", output};
-}
 
 /// Expects that the command fails with the one line and changes nothing in the folder.
 void expectNothingChanged(const BatchFolder &folder, const Arguments &arguments,
@@ -109,32 +88,11 @@ private:
     std::string folder;
 };
 
-std::string repeated(const std::string &text, int count)
-{
-    std::string result;
-    for (int i = 0; i < count; ++i)
-        result += text;
-    return result;
-}
-
-std::string manyReceivers(int count)
-{
-    return repeated("5;100;0.004\n", count);
-}
-
-std::string manyReceiversOtte(int count)
-{
-    return "otte\n1.0\n2\n1\n" + repeated("5;", count) + '\n' + repeated("100;", count)
-           + "\n-1;\n100;\n0\n0\n" + repeated("4;", count) + '\n';
-}
-
-constexpr int longLine = 200000; // receivers, so that writing them takes a while
-
 } // namespace
 
 TEST(BatchOutput, NewOutputIsAFileAsAnyOther)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     EXPECT_EQ(survey.run(convert("s1.txt", "new.otte"), [] { umask(027); }), BatchRun{});
     EXPECT_EQ(readFile(survey.path("new.otte")), genericOtte);
     EXPECT_EQ(fs::status(survey.path("new.otte")).permissions(), fs::perms(0640));
@@ -144,7 +102,7 @@ TEST(BatchOutput, NewOutputIsAFileAsAnyOther)
 TEST(BatchOutput, OlderOutputIsReplacedAndKeepsItsPermissions)
 {
     for (const auto permissions : {fs::perms(0604), fs::perms(0660), fs::perms(0755)}) {
-        const Survey survey;
+        const GenericSurvey survey;
         fs::permissions(survey.path("line.otte"), permissions);
         EXPECT_EQ(survey.run(convert("s1.txt", "line.otte")), BatchRun{});
         EXPECT_EQ(readFile(survey.path("line.otte")), genericOtte);
@@ -155,7 +113,7 @@ TEST(BatchOutput, OlderOutputIsReplacedAndKeepsItsPermissions)
 
 TEST(BatchOutput, ThroughALinkItsTargetIsReplaced)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     const BatchFolder elsewhere;
     elsewhere.write("target.otte", "older");
     fs::create_symlink(elsewhere.path("target.otte"), survey.path("second link"));
@@ -172,7 +130,7 @@ TEST(BatchOutput, ThroughALinkItsTargetIsReplaced)
 
 TEST(BatchOutput, LinkToAFileThatIsNotThereYet)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     fs::create_symlink("target.otte", survey.path("link"));
     EXPECT_EQ(survey.run(convert("s1.txt", "link")), BatchRun{});
     EXPECT_TRUE(fs::is_symlink(survey.path("link")));
@@ -183,7 +141,7 @@ TEST(BatchOutput, LinkToAFileThatIsNotThereYet)
 
 TEST(BatchOutput, InputIsNotReplaced)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     survey.write("other.txt", fileOf(genericLines));
     survey.write("line.vs", fileOf(seisImagerLines));
     survey.write("shots.txt", "other.txt;-1;100\ns1.txt;9;100\n");
@@ -214,7 +172,7 @@ TEST(BatchOutput, InputIsNotReplaced)
 
 TEST(BatchOutput, PlacesWhereNothingCanBeWritten)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     fs::create_directory(survey.path("folder"));
     const std::vector<std::pair<std::string, int>> cases = {
         {"missing/line.otte", ENOENT},
@@ -229,7 +187,7 @@ TEST(BatchOutput, PlacesWhereNothingCanBeWritten)
 
 TEST(BatchOutput, FullDeviceStaysADevice)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     const std::string device = memoryDevice(survey, 7, "/dev/full");
     expectNothingChanged(survey, convert("s1.txt", device), device + ": " + systemText(ENOSPC));
     EXPECT_TRUE(fs::is_character_file(device));
@@ -240,7 +198,7 @@ TEST(BatchOutput, FullDeviceStaysADevice)
 
 TEST(BatchOutput, DevicesAndPipesAreWrittenDirectly)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     const std::string device = memoryDevice(survey, 3, "/dev/null");
     EXPECT_EQ(survey.run(convert("s1.txt", device)), BatchRun{});
     EXPECT_TRUE(fs::is_character_file(device));
@@ -249,7 +207,7 @@ TEST(BatchOutput, DevicesAndPipesAreWrittenDirectly)
 
 TEST(BatchOutput, FileThatMayNotBeWritten)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     fs::permissions(survey.path("line.otte"), fs::perms(0444));
     if (!areHeldBack("-w", survey.path("line.otte")))
         GTEST_SKIP() << "Permissions hold nobody back here.";
@@ -259,7 +217,7 @@ TEST(BatchOutput, FileThatMayNotBeWritten)
 
 TEST(BatchOutput, FolderThatMayNotBeWritten)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     fs::permissions(survey.path(""), fs::perms(0500));
     if (!areHeldBack("-w", survey.path("")))
         GTEST_SKIP() << "Permissions hold nobody back here.";
@@ -271,7 +229,7 @@ TEST(BatchOutput, FolderThatMayNotBeWritten)
 
 TEST(BatchOutput, InputThatMayNotBeRead)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     survey.write("shots.txt", "s1.txt;-1;100\n");
     fs::permissions(survey.path("s1.txt"), fs::perms(0200));
     if (!areHeldBack("-r", survey.path("s1.txt")))
@@ -291,7 +249,7 @@ TEST(BatchOutput, InputThatMayNotBeRead)
 
 TEST(BatchOutput, DiskThatFillsUp)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     survey.write("long.txt", manyReceivers(10000));
     const SmallFileSystem disk(survey.path("disk"));
     if (!disk.isMounted)
@@ -311,7 +269,7 @@ TEST(BatchOutput, DiskThatFillsUp)
 
 TEST(BatchOutput, FileThatMayNotGrow)
 {
-    const Survey survey;
+    const GenericSurvey survey;
     survey.write("long.txt", manyReceivers(10000));
     expectNothingChanged(survey, convert("long.txt", "line.otte"),
                          "line.otte: " + systemText(EFBIG), [] {
@@ -319,95 +277,4 @@ TEST(BatchOutput, FileThatMayNotGrow)
                              setrlimit(RLIMIT_FSIZE, &limit);
                              signal(SIGXFSZ, SIG_IGN);
                          });
-}
-
-TEST(BatchOutput, InterruptWhileReading)
-{
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        SCOPED_TRACE(signal);
-        const Survey survey;
-        ASSERT_EQ(mkfifo(survey.path("pipe").c_str(), 0600), 0);
-        const std::vector<std::string> before = survey.names();
-        QProcess process;
-        survey.start(process, convert("pipe", "line.otte"));
-        int pipe = -1;
-        ASSERT_TRUE(waitUntil([&] {
-            pipe = open(survey.path("pipe").c_str(), O_WRONLY | O_NONBLOCK);
-            return pipe >= 0; // the command reads now
-        }));
-        EXPECT_EQ(write(pipe, "0;100;0.001\n", 12), 12);
-        sendSignal(process, signal);
-        EXPECT_EQ(finish(process), BatchRun{-signal});
-        close(pipe);
-        EXPECT_EQ(readFile(survey.path("line.otte")), "older");
-        EXPECT_EQ(survey.names(), before);
-    }
-}
-
-TEST(BatchOutput, IgnoredSignalsStayIgnored)
-{
-    const Survey survey;
-    ASSERT_EQ(mkfifo(survey.path("pipe").c_str(), 0600), 0);
-    QProcess process;
-    process.setChildProcessModifier([] {
-        for (const int ignored : {SIGINT, SIGHUP}) // as nohup and a shell's background do
-            signal(ignored, SIG_IGN);
-    });
-    survey.start(process, convert("pipe", "line.otte"));
-    std::ofstream pipe(survey.path("pipe")); // opened when the command reads
-    sendSignal(process, SIGINT);
-    sendSignal(process, SIGHUP);
-    pipe << fileOf(genericLines) << std::flush;
-    pipe.close();
-    EXPECT_EQ(finish(process), BatchRun{});
-    EXPECT_EQ(readFile(survey.path("line.otte")), genericOtte);
-}
-
-TEST(BatchOutput, InterruptWhileWriting)
-{
-    const Survey survey;
-    survey.write("long.txt", manyReceivers(longLine));
-    const std::vector<std::string> before = survey.names();
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        SCOPED_TRACE(signal);
-        BatchRun run;
-        for (int attempt = 0; run.status == 0 && attempt < 20; ++attempt) {
-            survey.write("line.otte", "older");
-            QProcess process;
-            survey.start(process, convert("long.txt", "line.otte"));
-            EXPECT_TRUE(waitUntil([&] {
-                return survey.names() != before || readFile(survey.path("line.otte")) != "older";
-            }));
-            sendSignal(process, signal);
-            run = finish(process); // with status 0 when the signal came too late
-        }
-        EXPECT_EQ(run, BatchRun{-signal});
-        EXPECT_EQ(readFile(survey.path("line.otte")), "older");
-        EXPECT_EQ(survey.names(), before);
-    }
-}
-
-TEST(BatchOutput, KilledAtAnyMomentTheOutputIsTheOlderOrTheNewOneWhole)
-{
-    constexpr int moments = 20;
-    const Survey survey;
-    survey.write("long.txt", manyReceivers(longLine));
-    const std::string newer = manyReceiversOtte(longLine);
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(survey.run(convert("long.txt", "line.otte")), BatchRun{});
-    const auto duration = std::chrono::steady_clock::now() - start;
-    EXPECT_TRUE(readFile(survey.path("line.otte")) == newer);
-
-    for (int moment = 0; moment < moments; ++moment) {
-        survey.write("line.otte", "older");
-        QProcess process;
-        survey.start(process, convert("long.txt", "line.otte"));
-        std::this_thread::sleep_for(duration * moment / moments);
-        sendSignal(process, SIGKILL);
-        const int status = finish(process).status;
-        EXPECT_TRUE(status == 0 || status == -SIGKILL) << status;
-        const std::string output = readFile(survey.path("line.otte"));
-        EXPECT_TRUE(output == "older" || output == newer)
-            << "moment " << moment << ": " << output.size() << " bytes";
-    }
 }

@@ -24,6 +24,8 @@ std::int32_t readGenericTraveltimes(const std::string &path,
                                     std::uint32_t shotIndex, SpreadIndex &index, Problem &problem)
 {
     TextFile file = loadText(path, problem);
+    if (!file.isOpen)
+        tell(problem, "the file cannot be opened");
     Spread receivers;
     std::vector<double> times;
     std::string line;

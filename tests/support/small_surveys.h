@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "tests/support/batch_command.h"
+
 #include <cstddef>
 #include <map>
 #include <string>
@@ -79,4 +81,31 @@ inline std::string fileOf(Lines lines, const std::map<std::size_t, std::string> 
 inline std::string start(const Lines &lines, std::size_t count)
 {
     return fileOf({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(count)});
+}
+
+/// A folder with one generic file, which converts into genericOtte, and an older output.
+struct GenericSurvey : BatchFolder
+{
+    GenericSurvey()
+    {
+        write("s1.txt", fileOf(genericLines));
+        write("line.otte", "older");
+    }
+};
+
+using Arguments = std::vector<std::string>;
+
+/// The command line that converts the survey's `input`.
+inline Arguments convert(const std::string &input, const std::string &output)
+{
+    return {"generic", input, "--shot", "-1,100", "-o", output};
+}
+
+/// A generic file of `count` receivers.
+inline std::string manyReceivers(int count)
+{
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += "5;100;0.004\n";
+    return text;
 }
