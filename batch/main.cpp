@@ -7,6 +7,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -34,18 +35,20 @@ const std::array formats = {
 };
 
 constexpr char description[] =
-    "Converts first-break traveltimes into one OTTE file, and seismic records into SEG2 files.\n"
+    "Converts first-break traveltimes into one OTTE file, and seismic records into\n"
+    "SEG2 files.\n"
     "\n"
     "  convert2velarix-batch geogiga LINE.txt -o LINE.otte\n"
     "  convert2velarix-batch winsism LINE.xyz -o LINE.otte\n"
     "  convert2velarix-batch seisimager A.vs [B.vs ...] -o LINE.otte\n"
-    "  convert2velarix-batch generic S1.txt S2.txt ... --shot X,ELEVATION ... -o LINE.otte\n"
+    "  convert2velarix-batch generic S1.txt ... --shot X,ELEVATION ... -o LINE.otte\n"
     "  convert2velarix-batch generic --shots SHOTS.txt -o LINE.otte\n"
-    "  convert2velarix-batch su LINE.su [MORE.su ...]\n"
-    "  convert2velarix-batch dolang LINE.ADT [MORE.ADT ...]\n"
+    "  convert2velarix-batch su [--echo] LINE.su [MORE.su ...]\n"
+    "  convert2velarix-batch dolang [--echo] LINE.ADT [MORE.ADT ...]\n"
     "\n"
-    "The exit status is 0 when the output was written whole, 1 when a conversion failed and 2\n"
-    "for wrong usage. A failed conversion leaves an older output as it was.";
+    "The exit status is 0 when the output was written whole, 1 when a conversion\n"
+    "failed and 2 for wrong usage. A failed conversion leaves an older output as it\n"
+    "was.";
 
 std::vector<std::string> toStrings(const QStringList &texts)
 {
@@ -126,8 +129,14 @@ int main(int argc, char *argv[])
     parser.addPositionalArgument("format", "geogiga, winsism, seisimager, generic, su or dolang");
     parser.addPositionalArgument("files", "The files to convert.", "[files...]");
 
-    if (!parser.parse(QCoreApplication::arguments()))
-        return refuseUsage(parser.errorText().toStdString());
+    const QStringList arguments = QCoreApplication::arguments();
+#ifndef _WIN32
+    for (int i = 0; i < argc; ++i)
+        if (arguments[i].toLocal8Bit() != argv[i])
+            return refuseUsage("argument " + std::to_string(i) + " is not valid UTF-8");
+#endif
+    if (!parser.parse(arguments))
+        return refuseUsage(parser.errorText().remove(QRegularExpression("\\.$")).toStdString());
     if (parser.isSet(help))
         parser.showHelp();
     if (parser.isSet(version))

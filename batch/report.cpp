@@ -15,6 +15,22 @@ constexpr int W_OK = 2;
 #include <unistd.h>
 #endif
 
+namespace {
+
+/// Writes one line at once, whatever it quotes: a file given by mistake may be binary.
+void tellUser(std::string line)
+{
+    constexpr std::size_t longest = 1000;
+    if (line.size() > longest)
+        line.replace(longest, std::string::npos, "...");
+    for (char &character : line)
+        if (static_cast<unsigned char>(character) < ' ' || character == 127)
+            character = '?';
+    std::cerr << line + '\n';
+}
+
+} // namespace
+
 bool attempt(const std::function<std::int32_t()> &conversion, Problem &problem)
 {
     bool wentWell = false;
@@ -35,10 +51,8 @@ void report(const Problem &problem)
     const std::string &text = problem.detail.empty() ? problem.remark : problem.detail;
     if (text.empty())
         return;
-    std::cerr << problem.file << ':';
-    if (problem.line != 0)
-        std::cerr << problem.line << ':';
-    std::cerr << ' ' << text << '\n';
+    const std::string line = problem.line != 0 ? std::to_string(problem.line) + ':' : "";
+    tellUser(problem.file + ':' + line + ' ' + text);
 }
 
 bool isReadable(const std::string &path, Problem &problem)
@@ -46,8 +60,10 @@ bool isReadable(const std::string &path, Problem &problem)
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
     problem.file = path;
-    if (!std::filesystem::exists(status))
+    if (status.type() == std::filesystem::file_type::not_found)
         tell(problem, "no such file");
+    else if (!std::filesystem::exists(status))
+        tell(problem, error.message());
     else if (std::filesystem::is_directory(status))
         tell(problem, "this is a folder");
     else if (access(path.c_str(), R_OK) != 0)
@@ -68,6 +84,6 @@ bool isSameFile(const std::string &first, const std::string &second)
 
 int refuseUsage(const std::string &reason)
 {
-    std::cerr << "convert2velarix-batch: " << reason << "; --help tells more\n";
+    tellUser("convert2velarix-batch: " + reason + "; --help tells more");
     return wrongUsage;
 }

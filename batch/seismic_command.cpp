@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <set>
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -54,27 +55,32 @@ bool convertSu(const std::string &path)
 }
 
 /// Converts one kind of a Dolang set.
-bool convertKind(const std::string &base, const DolangKind &kind)
+bool convertKind(const std::string &base, const DolangKind &kind, Problem &problem)
 {
-    Problem problem;
-    const bool whole =
-        isReadable(base + kind.headerExtension, problem)
-        && writeBoth(
-            kind.listingName, base + kind.seg2Ending,
-            [&](const std::string &listing, const std::string &seg2) {
-                return attempt(
-                    [&] { return convertDolangKind(base, kind, listing, seg2, problem) ? 0 : 1; },
-                    problem);
-            },
-            problem);
-    report(problem);
-    return whole;
+    return isReadable(base + kind.headerExtension, problem)
+           && writeBoth(
+               kind.listingName, base + kind.seg2Ending,
+               [&](const std::string &listing, const std::string &seg2) {
+                   return attempt(
+                       [&] {
+                           return convertDolangKind(base, kind, listing, seg2, problem) ? 0 : 1;
+                       },
+                       problem);
+               },
+               problem);
 }
 
 bool convertDolang(const std::string &base)
 {
-    return std::all_of(dolangKinds.begin(), dolangKinds.end(),
-                       [&](const DolangKind &kind) { return convertKind(base, kind); });
+    std::vector<Problem> problems;
+    for (const DolangKind &kind : dolangKinds) {
+        if (!convertKind(base, kind, problems.emplace_back())) {
+            report(problems.back());
+            return false;
+        }
+    }
+    std::for_each(problems.begin(), problems.end(), report); // remarks
+    return true;
 }
 
 /// The bases of the Dolang sets named, each once, though all three headers may be named.
@@ -112,12 +118,22 @@ int runSeismic(const std::string &format, const std::vector<std::string> &files,
         std::cout.setstate(std::ios::badbit);
     const bool isDolang = format == "dolang";
     const std::vector<std::string> inputs = isDolang ? dolangBases(files) : files;
+    std::set<std::string> bases;
     int status = converted;
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         if (isTerminal())
             std::cerr << i + 1 << '/' << inputs.size() << ' ' << inputs[i] << '\n';
-        if (!(isDolang ? convertDolang(inputs[i]) : convertSu(inputs[i])))
+        const std::string base = isDolang ? inputs[i] : beforeLastDot(inputs[i]);
+        if (!bases.insert(base).second) {
+            report({inputs[i], 0, "the output would replace that of an input before"});
             status = conversionFailed;
+        } else if (!(isDolang ? convertDolang(base) : convertSu(inputs[i]))) {
+            status = conversionFailed;
+        }
+    }
+    if (echo && !std::cout.flush()) {
+        report({"standard output", 0, "cannot be written"});
+        status = conversionFailed;
     }
     return status;
 }

@@ -66,6 +66,8 @@ bool writeWhole(const std::string &path, const std::function<bool(const std::str
     const fs::file_status before = fs::status(path, error);
     if (fs::exists(before) && !fs::is_regular_file(before))
         return write(path);
+    if (fs::exists(before) && (path.starts_with("/dev/") || path.starts_with("/proc/")))
+        return fail(path, std::make_error_code(std::errc::operation_not_supported), problem);
     if (fs::exists(before) && !isWritable(path))
         return fail(path, std::make_error_code(std::errc::permission_denied), problem);
 
@@ -75,8 +77,10 @@ bool writeWhole(const std::string &path, const std::function<bool(const std::str
         target = fs::canonical(path, error).string();
     else if (fs::is_symlink(path, error))
         target = (fs::path(path).parent_path() / fs::read_symlink(path, error)).string();
-    const std::string partial =
-        target + ".part-" + std::to_string(QCoreApplication::applicationPid());
+    // A short name of its own, so that the longest name that the system takes can be written.
+    const fs::path partialName = ".part-" + std::to_string(QCoreApplication::applicationPid()) + '-'
+                                 + std::to_string(unfinishedCount);
+    const std::string partial = (fs::path(target).parent_path() / partialName).string();
     beginUnfinished(partial);
     bool whole = write(partial);
     if (problem.file == partial)

@@ -10,9 +10,10 @@
 
 /// Makes an output that appears under its name only when it is whole. `write` gets the path of a
 /// new file beside `path` and says whether it wrote all of it; then the new file takes the place of
-/// `path`, keeping its permissions. Otherwise, and when the process is told to end by a signal, the
-/// new file is removed and what stood under `path` stays as it was. A device or a pipe has no place
-/// to take and is written directly.
+/// `path`, keeping its permissions. Otherwise, and when an interrupt, a hang-up, a closed pipe or a
+/// request to terminate ends the process, the new file is removed and what stood under `path` stays
+/// as it was. A device or a pipe has no place to take and is written directly; a file that can only
+/// be reached as the process's standard output is refused.
 ///
 /// Returns whether the output is whole; if not, `problem` says why.
 bool writeWhole(const std::string &path, const std::function<bool(const std::string &)> &write,

@@ -9,12 +9,17 @@ cd "$(dirname "$0")/.."
 batch=$PWD/build/convert2velarix-batch
 mkdir -p build/samples
 
+# Whether the output is newer than the command and everything of the input.
+is_current() {
+    [ "$1" -nt "$batch" ] && [ -z "$(find "$2" -newer "$1")" ]
+}
+
 # convert OUTPUT INPUT ARGUMENT...
 convert() {
     output=build/samples/$1
     input=$2
     shift 2
-    if [ "$output" -nt "$input" ] && [ "$output" -nt "$batch" ]; then
+    if is_current "$output" "$input"; then
         return
     fi
     "$batch" "$@" -o "$output"
@@ -28,12 +33,13 @@ convert seisimager_several.otte samples/seisimager/several seisimager samples/se
 convert generic.otte samples/generic generic --shots samples/generic/shots.txt
 
 # Seismic records are converted beside their input, and Dolang listings in the working directory.
-cp -Rpu samples/seismic_unix samples/dolang build/samples/
-if ! [ build/samples/seismic_unix/line.seg2 -nt "$batch" ]; then
+if ! is_current build/samples/seismic_unix/line.seg2 samples/seismic_unix; then
+    cp -R samples/seismic_unix build/samples/
     (cd build/samples/seismic_unix && "$batch" su line.su)
     ls build/samples/seismic_unix/line_tmp build/samples/seismic_unix/line.seg2
 fi
-if ! [ build/samples/dolang/LINE_RDT_dolang.seg2 -nt "$batch" ]; then
+if ! is_current build/samples/dolang/LINE_RDT_dolang.seg2 samples/dolang; then
+    cp -R samples/dolang build/samples/
     (cd build/samples/dolang && "$batch" dolang LINE.ADT)
     ls build/samples/dolang/tmp_?DT build/samples/dolang/*.seg2
 fi

@@ -215,6 +215,8 @@ TEST(BatchDolang, EverySetIsTriedAfterOneFailed)
 TEST(BatchDolang, OnATerminalEachSetIsAnnounced)
 {
     const DolangSet set;
-    EXPECT_EQ(set.runOnTerminal({"dolang", "none", "line 1/L.ADT", "line 1/L.CDT"}),
-              "1/2 none\r\nnone.ADT: no such file\r\n2/2 line 1/L\r\n");
+    const std::string shown = set.runOnTerminal({"dolang", "none", "line 1/L.ADT", "line 1/L.CDT"});
+    if (shown == noTerminal)
+        GTEST_SKIP() << shown;
+    EXPECT_EQ(shown, "1/2 none\r\nnone.ADT: no such file\r\n2/2 line 1/L\r\n");
 }

@@ -278,3 +278,23 @@ TEST(BatchOutput, FileThatMayNotGrow)
                              signal(SIGXFSZ, SIG_IGN);
                          });
 }
+
+TEST(BatchOutput, LongestNameThatTheSystemTakes)
+{
+    const GenericSurvey survey;
+    const std::string name = std::string(250, 'x') + ".otte";
+    EXPECT_EQ(survey.run(convert("s1.txt", name)), BatchRun{});
+    EXPECT_EQ(readFile(survey.path(name)), genericOtte);
+}
+
+TEST(BatchOutput, FileThatIsTheStandardOutputIsNotReplaced)
+{
+    const GenericSurvey survey;
+    survey.write("log.txt", "header\n");
+    QProcess process;
+    process.setStandardOutputFile(QString::fromStdString(survey.path("log.txt")),
+                                  QIODevice::Append);
+    survey.start(process, convert("s1.txt", "/dev/stdout"));
+    EXPECT_EQ(finish(process), (BatchRun{1, "", "/dev/stdout: " + systemText(EOPNOTSUPP) + '\n'}));
+    EXPECT_EQ(readFile(survey.path("log.txt")), "header\n");
+}

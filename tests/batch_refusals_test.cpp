@@ -228,3 +228,22 @@ TEST(BatchRefusals, TheBadOneOfSeveralSeisImagerFilesIsNamed)
     expectRefused(folder, {"seisimager", "a.vs", "b.vs", "a.vs"},
                   "b.vs:5: invalid vector subscript: 0 fields, 2 expected");
 }
+
+TEST(BatchRefusals, BinaryFileIsQuotedInOneShortLine)
+{
+    const BatchFolder folder;
+    folder.write("line.xyz", "\x1b[31m\r" + std::string(5000, 'x') + "\n");
+    const BatchRun run = folder.run({"winsism", "line.xyz", "-o", "line.otte"});
+    EXPECT_EQ(
+        run,
+        (BatchRun{1, "", "line.xyz:1: Invalid header : ?[31m?" + std::string(965, 'x') + "...\n"}));
+}
+
+TEST(BatchRefusals, RemarkOnTheFirstOfSeveralSeisImagerFilesIsKept)
+{
+    const BatchFolder folder;
+    folder.write("empty.vs", "-\n0 0\n");
+    folder.write("a.vs", fileOf(seisImagerLines));
+    EXPECT_EQ(folder.run({"seisimager", "empty.vs", "a.vs", "-o", "line.otte"}),
+              (BatchRun{0, "", "empty.vs:2: there are no shots in this file\n"}));
+}

@@ -304,5 +304,29 @@ TEST(BatchSeismicUnix, OnATerminalEachRecordIsAnnounced)
         else
             expected += "LINE3.su: no such file\r\n";
     }
-    EXPECT_EQ(folder.runOnTerminal(arguments), expected);
+    const std::string shown = folder.runOnTerminal(arguments);
+    if (shown == noTerminal)
+        GTEST_SKIP() << shown;
+    EXPECT_EQ(shown, expected);
+}
+
+TEST(BatchSeismicUnix, TwoRecordsWithOneOutputAreNotBothConverted)
+{
+    const BatchFolder folder;
+    folder.write("line.su", suFile);
+    folder.write("line.dat", suTrace(30, {1.0F, 2.0F}));
+    EXPECT_EQ(folder.run({"su", "line.su", "line.dat"}),
+              (BatchRun{1, "", "line.dat: the output would replace that of an input before\n"}));
+    EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
+    EXPECT_EQ(readFile(folder.path("line_tmp")), suListing);
+}
+
+TEST(BatchSeismicUnix, EchoThatCannotBeWrittenIsAFailure)
+{
+    const BatchFolder folder;
+    folder.write("line.su", suFile);
+    QProcess process;
+    process.setStandardOutputFile("/dev/full");
+    folder.start(process, {"su", "line.su", "--echo"});
+    EXPECT_EQ(finish(process), (BatchRun{1, "", "standard output: cannot be written\n"}));
 }

@@ -3,9 +3,12 @@
 
 #include "tests/support/batch_command.h"
 
+#include <QProcess>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <sstream>
 
 namespace {
 
@@ -157,12 +160,30 @@ TEST(BatchUsage, HelpNamesEveryFormatAndOption)
         for (const std::string text :
              {"geogiga LINE.txt -o LINE.otte", "winsism LINE.xyz -o LINE.otte",
               "seisimager A.vs [B.vs ...] -o LINE.otte",
-              "generic S1.txt S2.txt ... --shot X,ELEVATION ... -o LINE.otte",
-              "generic --shots SHOTS.txt -o LINE.otte", "su LINE.su [MORE.su ...]",
-              "dolang LINE.ADT [MORE.ADT ...]", "-h, --help", "-v, --version", "-o, --output",
-              "--shot ", "--shots ", "--echo"})
+              "generic S1.txt ... --shot X,ELEVATION ... -o LINE.otte",
+              "generic --shots SHOTS.txt -o LINE.otte", "su [--echo] LINE.su [MORE.su ...]",
+              "dolang [--echo] LINE.ADT [MORE.ADT ...]", "-h, --help", "-v, --version",
+              "-o, --output", "--shot ", "--shots ", "--echo"})
             EXPECT_NE(run.output.find(text), std::string::npos) << text;
+        std::istringstream lines(run.output);
+        for (std::string line; std::getline(lines, line);) {
+            if (!line.starts_with("Usage: ")) { // which names the command as it was called
+                EXPECT_LE(line.size(), 80u) << line;
+            }
+        }
     }
+}
+
+TEST(BatchUsage, ArgumentThatIsNoUtf8IsRefused)
+{
+    const Survey survey;
+    // QProcess would encode it: a shell hands the bytes over.
+    QProcess process;
+    process.setWorkingDirectory(QString::fromStdString(survey.path("")));
+    process.start("sh", {"-c", "exec " BATCH_COMMAND " su \"$(printf 'l\\344.su')\""});
+    EXPECT_EQ(finish(process), (BatchRun{2, "",
+                                         "convert2velarix-batch: argument 2 is not valid "
+                                         "UTF-8; --help tells more\n"}));
 }
 
 TEST(BatchUsage, Version)

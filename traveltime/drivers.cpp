@@ -77,6 +77,7 @@ std::int32_t convertSeisImagerFiles(const std::vector<std::string> &files,
 {
     TraveltimeSurvey survey;
     SpreadIndex index;
+    Problem kept;
     for (std::size_t i = 0; i < files.size(); ++i) {
         problem = {files[i]};
         const std::int32_t result = readSeisImagerTraveltimes(
@@ -86,6 +87,8 @@ std::int32_t convertSeisImagerFiles(const std::vector<std::string> &files,
             survey.traveltimes[i].shotIndex = static_cast<std::uint32_t>(i);
         if (result != 0)
             return result;
+        keepFirst(kept, problem);
     }
+    problem = kept;
     return writeOtteFile(outputPath, survey.traveltimes, survey.spreads, survey.shots, problem);
 }

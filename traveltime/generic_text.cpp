@@ -56,7 +56,7 @@ std::int32_t convertGenericText(const std::vector<std::string> &files,
 {
     TraveltimeSurvey survey;
     SpreadIndex index;
-    Problem unreadable; // of the first file that has one, though it is converted as far as it goes
+    Problem kept;
     for (std::size_t i = 0; i < files.size(); ++i) {
         problem = {files[i]};
         if (i >= shotXs.size() || i >= shotElevations.size()) {
@@ -69,9 +69,8 @@ std::int32_t convertGenericText(const std::vector<std::string> &files,
                                    static_cast<std::uint32_t>(i), index, problem);
         if (result != 0)
             return result;
-        if (unreadable.detail.empty())
-            unreadable = problem;
+        keepFirst(kept, problem);
     }
-    problem = unreadable;
+    problem = kept;
     return writeOtteFile(outputPath, survey.traveltimes, survey.spreads, survey.shots, problem);
 }

@@ -18,3 +18,9 @@ void tellSystemError(Problem &problem, const std::string &path)
     if (problem.detail.empty())
         problem = {path, 0, reason, problem.remark};
 }
+
+void keepFirst(Problem &kept, const Problem &met)
+{
+    if (kept.detail.empty() && (kept.remark.empty() || !met.detail.empty()))
+        kept = met;
+}

@@ -22,3 +22,7 @@ void tell(Problem &problem, const std::string &detail);
 
 /// The same for a file that the system refused to open or to write: its reason is in errno.
 void tellSystemError(Problem &problem, const std::string &path);
+
+/// For inputs read one after another: keeps the first that something is wrong with or, while
+/// nothing is, the first with a remark.
+void keepFirst(Problem &kept, const Problem &met);

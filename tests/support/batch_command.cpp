@@ -39,7 +39,7 @@ std::string BatchFolder::runOnTerminal(const std::vector<std::string> &arguments
 {
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
     if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
-        return "There is no terminal.";
+        return noTerminal;
     QProcess process;
     process.setStandardErrorFile(ptsname(terminal));
     start(process, arguments);

@@ -25,6 +25,9 @@ struct BatchRun
 /// For the messages of failed tests.
 std::ostream &operator<<(std::ostream &stream, const BatchRun &run);
 
+/// What runOnTerminal gives where the system has no terminals to offer.
+inline const std::string noTerminal = "There is no terminal.";
+
 /// A folder in which convert2velarix-batch runs.
 class BatchFolder : public TemporaryFolder
 {
