@@ -43,41 +43,17 @@ Convert2VelarixDialog::~Convert2VelarixDialog()
 
 void Convert2VelarixDialog::on_browseInputButton_3_clicked()
 {
-    const QString filters = tr("Generic text file (*.txt);;All Files (*)");
     selectedFilter = tr(genericFilter);
-    if (ui->multiTTFiles_3->isChecked()) {
-        rememberFiles(QFileDialog::getOpenFileNames(this, tr("Input file"), QDir::homePath(),
-                                                    filters, &selectedFilter),
-                      ui->inputGenTxt);
-        ui->formatSelected_3->setText(selectedFilter);
-        return;
-    }
-    const QString name = QFileDialog::getOpenFileName(this, tr("Input file"), QDir::homePath(),
-                                                      filters, &selectedFilter);
-    if (!name.isEmpty()) {
-        ui->inputGenTxt->setText(name);
-        ui->formatSelected_3->setText(selectedFilter);
-    }
+    browseTraveltimes(tr("Generic text file (*.txt);;All Files (*)"),
+                      ui->multiTTFiles_3->isChecked(), ui->inputGenTxt, ui->formatSelected_3);
 }
 
 void Convert2VelarixDialog::on_browseInputButton_clicked()
 {
-    const QString filters = tr("SeisImager traveltimes (*.vs);;Geogiga text file (*.txt);;"
-                               "Geo2X Winsism XYZ file (*.xyz);;All Files (*)");
     selectedFilter = tr(geogigaFilter);
-    if (ui->multiTTFiles->isChecked()) {
-        rememberFiles(QFileDialog::getOpenFileNames(this, tr("Input file"), QDir::homePath(),
-                                                    filters, &selectedFilter),
-                      ui->inputEdit);
-        ui->formatSelected->setText(selectedFilter);
-        return;
-    }
-    const QString name = QFileDialog::getOpenFileName(this, tr("Input file"), QDir::homePath(),
-                                                      filters, &selectedFilter);
-    if (!name.isEmpty()) {
-        ui->inputEdit->setText(name);
-        ui->formatSelected->setText(selectedFilter);
-    }
+    browseTraveltimes(tr("SeisImager traveltimes (*.vs);;Geogiga text file (*.txt);;"
+                         "Geo2X Winsism XYZ file (*.xyz);;All Files (*)"),
+                      ui->multiTTFiles->isChecked(), ui->inputEdit, ui->formatSelected);
 }
 
 void Convert2VelarixDialog::on_pushButton_clicked()
@@ -123,15 +99,33 @@ void Convert2VelarixDialog::on_quitButton_clicked()
     std::exit(0);
 }
 
+void Convert2VelarixDialog::browseTraveltimes(const QString &filters, bool several, QLineEdit *edit,
+                                              QLabel *format)
+{
+    if (several) {
+        rememberFiles(QFileDialog::getOpenFileNames(this, tr("Input file"), QDir::homePath(),
+                                                    filters, &selectedFilter),
+                      edit);
+        format->setText(selectedFilter);
+        return;
+    }
+    const QString name = QFileDialog::getOpenFileName(this, tr("Input file"), QDir::homePath(),
+                                                      filters, &selectedFilter);
+    if (!name.isEmpty()) {
+        edit->setText(name);
+        format->setText(selectedFilter);
+    }
+}
+
 /// Remembers the files chosen, in the dialog's order. The text shown grows from the structured
 /// page's input, so that page shows every name and the generic page the last one alone.
-void Convert2VelarixDialog::rememberFiles(const QStringList &names, QLineEdit *shown)
+void Convert2VelarixDialog::rememberFiles(const QStringList &names, QLineEdit *edit)
 {
     ui->inputEdit->setText("");
     inputFileNames.clear();
     for (const QString &name : names) {
         inputFileNames.push_back(name.toStdString());
-        shown->setText(ui->inputEdit->text() + name + "; ");
+        edit->setText(ui->inputEdit->text() + name + "; ");
     }
 }
 

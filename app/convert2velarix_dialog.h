@@ -13,6 +13,7 @@ namespace Ui {
 class Convert2VelarixDialog;
 }
 
+class QLabel;
 class QLineEdit;
 
 /// The converter window: a page for each family of conversions, "Convert" and "Quit". The slots are
@@ -35,7 +36,8 @@ private slots:
     void on_browseOutputButton_3_clicked();
 
 private:
-    void rememberFiles(const QStringList &names, QLineEdit *shown);
+    void browseTraveltimes(const QString &filters, bool several, QLineEdit *edit, QLabel *format);
+    void rememberFiles(const QStringList &names, QLineEdit *edit);
     void browseOutput(QLineEdit *edit);
     void convertShownPage();
     void convertSeismic();

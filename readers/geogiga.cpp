@@ -3,7 +3,6 @@
 
 #include "readers/geogiga.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <sstream>
@@ -102,26 +101,35 @@ bool parseQuickly(std::string_view word, Number &number)
     return true;
 }
 
-/// Extracts one number as `>>` does, counting the line ends in front of it: white space ends a
-/// number at the latest, a word that begins with none becomes 0, the end of the file leaves
-/// `number` as it was, and after either nothing more is extracted.
+bool isWhiteSpace(char character)
+{
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+/// What a stream may take as a part of a decimal number.
+bool isOfNumber(char character)
+{
+    return (character >= '0' && character <= '9') || character == '.' || character == '-'
+           || character == '+' || character == 'e' || character == 'E';
+}
+
+/// Extracts one number as `>>` does, counting the line ends in front of it: a word that begins with
+/// no number gives 0, the end of the file leaves `number` as it was, and after either nothing more
+/// is extracted. A word ends where a stream would look no further.
 template <typename Number>
 void extract(TextFile &file, Number &number, Problem &problem)
 {
-    constexpr char numberCharacters[] = "0123456789+-.eE";
-    constexpr char whiteSpace[] = " \t\n\v\f\r";
     if (file.failed)
         return;
-    const std::size_t begin =
-        std::min(file.text.find_first_not_of(whiteSpace, file.position), file.text.size());
-    problem.line += static_cast<std::size_t>(
-        std::count(file.text.data() + file.position, file.text.data() + begin, '\n'));
+    std::size_t begin = file.position;
+    for (; begin < file.text.size() && isWhiteSpace(file.text[begin]); ++begin)
+        problem.line += file.text[begin] == '\n' ? 1 : 0;
     file.failed = begin == file.text.size();
     if (file.failed)
         return;
-    const std::size_t end =
-        std::max(begin + 1,
-                 std::min(file.text.find_first_not_of(numberCharacters, begin), file.text.size()));
+    std::size_t end = begin + 1;
+    while (end < file.text.size() && isOfNumber(file.text[end]))
+        ++end;
     const std::string_view word(&file.text[begin], end - begin);
     file.position = end;
     if (parseQuickly(word, number))
