@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <iostream>
 #include <optional>
+#include <utility>
 
 #include <QByteArray>
 #include <QFile>
@@ -190,9 +191,10 @@ std::int32_t convertSuToSeg2(const std::string &path, const std::string &listing
     const auto samples = [&traces](std::size_t index, std::uint32_t count) {
         if (index >= traces.size())
             return std::vector<float>();
-        const double *first = traces[index].samples.data();
-        return std::vector<float>(
-            first, first + std::min<std::size_t>(count, traces[index].samples.size()));
+        // Asked for once: the memory serves the floats of the next trace.
+        const std::vector<double> held = std::move(traces[index].samples);
+        return std::vector<float>(held.data(),
+                                  held.data() + std::min<std::size_t>(count, held.size()));
     };
     std::optional<double> sourceX;
     if (!traces.empty())
