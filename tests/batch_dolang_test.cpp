@@ -51,33 +51,26 @@ struct DolangSet : BatchFolder
 };
 
 const std::string dolangListing = listingHeading
-                                  + std::string("1    3      5     0.00025     0      0      0\n"
-                                                "2    3      5     0.00025     0      0      0\n");
+                                  + "1    3      5     0.00025     0      0      0\n"
+                                    "2    3      5     0.00025     0      0      0\n";
 
-const std::string dolangSeg2 = bytes("55 3A 00 00 08 00 02 00 01 00 20 01 0A 20 " + blanks18 // 0
-                                     + "54 00 00 00 F8 00 00 00 "                            // 32
-                                     + fileStrings
-                                     + "'  ' " // 40
-                                     // 84
-                                     + "22 44 98 00 0C 00 00 00 03 00 00 00 04 " + blanks19
-                                     + "0A 00 'DELAY 5' 00 "
-                                       "15 00 'DESCALING_FACTOR 1' 00 "
-                                       "1A 00 'RECEIVER_LOCATION 0 0 0' 00 "
-                                       "1A 00 'SAMPLE_INTERVAL 0.00025' 00 "
-                                       "18 00 'SOURCE_LOCATION 0 0 0' 00 "
-                                       "0A 00 'STACK 1' 00 "
-                                       "00 00 ' ' "
-                                       "00 00 80 3F  00 00 00 C0  00 00 96 43 "
-                                     // 248
-                                     + "22 44 98 00 0C 00 00 00 03 00 00 00 04 " + blanks19
-                                     + "0A 00 'DELAY 5' 00 "
-                                       "15 00 'DESCALING_FACTOR 1' 00 "
-                                       "1A 00 'RECEIVER_LOCATION 0 0 0' 00 "
-                                       "1A 00 'SAMPLE_INTERVAL 0.00025' 00 "
-                                       "18 00 'SOURCE_LOCATION 0 0 0' 00 "
-                                       "0A 00 'STACK 1' 00 "
-                                       "00 00 ' ' "
-                                       "00 00 00 00  00 00 80 40  00 00 A0 C0");
+/// What both traces have in front of their samples.
+const std::string dolangTraceHead = "22 44 98 00 0C 00 00 00 03 00 00 00 04 " + blanks19
+                                    + "0A 00 'DELAY 5' 00 "
+                                      "15 00 'DESCALING_FACTOR 1' 00 "
+                                      "1A 00 'RECEIVER_LOCATION 0 0 0' 00 "
+                                      "1A 00 'SAMPLE_INTERVAL 0.00025' 00 "
+                                      "18 00 'SOURCE_LOCATION 0 0 0' 00 "
+                                      "0A 00 'STACK 1' 00 "
+                                      "00 00 ' ' ";
+
+const std::string dolangSeg2 =
+    bytes("55 3A 00 00 08 00 02 00 01 00 20 01 0A 20 " + blanks18      // 0
+          + "54 00 00 00 F8 00 00 00 "                                 // 32
+          + fileStrings + "'  ' "                                      // 40
+          + dolangTraceHead                                            // 84
+          + "00 00 80 3F  00 00 00 C0  00 00 96 43 " + dolangTraceHead // 248
+          + "00 00 00 00  00 00 80 40  00 00 A0 C0");
 
 const char dolangEcho[] = "TraceINDEX : 0\n1\n-2\n300\nTraceINDEX : 1\n0\n4\n-5\n"
                           "TraceINDEX : 0\n6\n7\n8\n"
@@ -100,7 +93,7 @@ TEST(BatchDolang, EveryKind)
     EXPECT_EQ(set.listing("ADT"), dolangListing);
     EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
     const std::string oneChannel =
-        listingHeading + std::string("1    3      0     0.00025     0      0      0\n");
+        listingHeading + "1    3      0     0.00025     0      0      0\n";
     EXPECT_EQ(set.listing("CDT"), oneChannel);
     EXPECT_EQ(onlyTrace(set.seg2("CDT")), (std::vector<double>{6.0, 7.0, 8.0}));
     EXPECT_EQ(set.listing("RDT"), oneChannel);

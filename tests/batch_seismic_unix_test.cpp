@@ -48,8 +48,8 @@ std::string suTrace(std::uint32_t receiverX, const std::vector<float> &samples,
 const std::string suFile = suTrace(10, {1.5F, -2.0F, 7.0F}) + suTrace(20, {0.25F, 100.0F, 9.0F});
 
 const std::string suListing = listingHeading
-                              + std::string("1    3      0     0.001     10      0      0\n"
-                                            "2    3      0     0.001     20      0      0\n");
+                              + "1    3      0     0.001     10      0      0\n"
+                                "2    3      0     0.001     20      0      0\n";
 
 const char suEcho[] = "TraceINDEX : 0\n1.5\n-2\n0\nTraceINDEX : 1\n0.25\n100\n0\n";
 

@@ -104,15 +104,13 @@ TEST(BatchTraveltimes, SeveralSeisImagerFilesAreNumberedThroughAndShareTheirSpre
 
 TEST(BatchTraveltimes, OneGenericFile)
 {
-    const BatchFolder folder;
-    folder.write("s1.txt", fileOf(genericLines));
+    const GenericSurvey folder;
     EXPECT_EQ(converted(folder, {"generic", "s1.txt", "--shot", "-1,100"}), genericOtte);
 }
 
 TEST(BatchTraveltimes, SeveralGenericFilesTakeTheirShotsInOrder)
 {
-    const BatchFolder folder;
-    folder.write("s1.txt", fileOf(genericLines));
+    const GenericSurvey folder;
     folder.write("s2.txt", "0;100;0.0125\n5;100;0.002\n");
     folder.write("s3.txt", "0;100;0.02\n5;100.5;0.003\n");
     EXPECT_EQ(converted(folder, {"generic", "--shot", "-1,-100", "s1.txt", "s2.txt", "s3.txt",
@@ -180,16 +178,14 @@ TEST(BatchTraveltimes, ListedNamesCountFromTheFolderOfTheList)
 
 TEST(BatchTraveltimes, ListWithLinesThatEndInCrLf)
 {
-    const BatchFolder folder;
-    folder.write("s1.txt", fileOf(genericLines));
+    const GenericSurvey folder;
     folder.write("shots.txt", "s1.txt;-1;100\r\n");
     EXPECT_EQ(converted(folder, {"generic", "--shots", "shots.txt"}), genericOtte);
 }
 
 TEST(BatchTraveltimes, ListThatBeginsWithAByteOrderMark)
 {
-    const BatchFolder folder;
-    folder.write("s1.txt", fileOf(genericLines));
+    const GenericSurvey folder;
     folder.write("shots.txt", "\xEF\xBB\xBFs1.txt;-1;100\n");
     EXPECT_EQ(converted(folder, {"generic", "--shots", "shots.txt"}), genericOtte);
 }

@@ -180,7 +180,7 @@ TEST(BatchUsage, ArgumentThatIsNoUtf8IsRefused)
     // QProcess would encode it: a shell hands the bytes over.
     QProcess process;
     process.setWorkingDirectory(QString::fromStdString(survey.path("")));
-    process.start("sh", {"-c", "exec " BATCH_COMMAND " su \"$(printf 'l\\344.su')\""});
+    process.start("sh", {"-c", "exec '" BATCH_COMMAND "' su \"$(printf 'l\\344.su')\""});
     EXPECT_EQ(finish(process), (BatchRun{2, "",
                                          "convert2velarix-batch: argument 2 is not valid "
                                          "UTF-8; --help tells more\n"}));

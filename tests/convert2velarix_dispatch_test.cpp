@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/convert2velarix_dialog.h"
+#include "tests/support/small_records.h"
 #include "tests/support/support.h"
 #include "tests/support/window.h"
 
@@ -85,10 +86,7 @@ const std::string zero = "\0\0\0\0"s;
 const std::string suFile =
     suTrace(100, 250, one + minusTwo + seven) + suTrace(100, 500, half + four + seven);
 
-const std::string listingHead =
-    "TRACE_SORT   AS_ACQUIRED\nUNITS\t\tMETERS\n\n                  Time    Sample\n"
-    "Trace   No. of    Delay   Interval       Receiver Location\n"
-    "No.     Samples   (s)     (s)        X           Y         Z\n";
+const std::string &listingHead = listingHeading;
 
 const std::string suListing = listingHead
                               + "1    3      0     0.00025     2500      0      0\n"
@@ -123,26 +121,6 @@ const std::string dolangSeg2 =
     + seven + minusThree;
 
 const std::string emptySeg2 = seg2Head(0) + seg2FileStrings;
-
-/// Makes a folder the working directory while it lives.
-class WorkingFolder
-{
-public:
-    explicit WorkingFolder(const std::string &path)
-        : before(QDir::currentPath())
-    {
-        QDir::setCurrent(text(path));
-    }
-    ~WorkingFolder()
-    {
-        QDir::setCurrent(before);
-    }
-    WorkingFolder(const WorkingFolder &) = delete;
-    WorkingFolder &operator=(const WorkingFolder &) = delete;
-
-private:
-    QString before;
-};
 
 /// Notes what is flushed to std::cerr while it lives.
 class ErrorStreamNotes : public std::stringbuf

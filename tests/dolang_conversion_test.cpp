@@ -4,6 +4,7 @@
 #include "seg2/dolang_conversion.h"
 
 #include "tests/support/seg2_parser.h"
+#include "tests/support/small_records.h"
 #include "tests/support/stalled_output.h"
 #include "tests/support/support.h"
 
@@ -25,12 +26,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-const std::string heading = "TRACE_SORT   AS_ACQUIRED\n"
-                            "UNITS\t\tMETERS\n"
-                            "\n"
-                            "                  Time    Sample\n"
-                            "Trace   No. of    Delay   Interval       Receiver Location\n"
-                            "No.     Samples   (s)     (s)        X           Y         Z\n";
+const std::string &heading = listingHeading;
 
 const std::string fileWithoutTraces =
     bytes("55 3A 00 00 00 00 00 00 01 00 20 01 0A 20 '                  '"
@@ -42,16 +38,6 @@ const std::string noChannels = "0\n\n\n0\n0\n1000\n";
 class DolangConversion : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        std::filesystem::current_path(work.path(""));
-    }
-
-    void TearDown() override
-    {
-        std::filesystem::current_path(before);
-    }
-
     /// Writes a header and the files of its channels, counted from 1. `kind` is A, C or R.
     void writeKind(char kind, const std::string &header, const Strings &channels = {}) const
     {
@@ -118,9 +104,9 @@ protected:
         return !exists(listingPath(kind)) && !exists(seg2Path(kind));
     }
 
-    std::filesystem::path before = std::filesystem::current_path();
     TemporaryFolder set;
     TemporaryFolder work;
+    WorkingFolder working{work.path("")};
     std::string base = set.path("LINE");
     std::string output;
     std::string error;

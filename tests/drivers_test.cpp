@@ -3,39 +3,15 @@
 
 #include "traveltime/drivers.h"
 
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <stdexcept>
-#include <system_error>
 
 namespace {
 
 using Files = std::vector<std::string>;
-
-/// A result, or the class and the text of the error raised.
-template <typename Action>
-std::string outcomeOf(Action action)
-{
-    try {
-        return std::to_string(action());
-    } catch (const std::out_of_range &error) {
-        return std::string("out of range: ") + error.what();
-    } catch (const std::invalid_argument &error) {
-        return std::string("invalid argument: ") + error.what();
-    } catch (const std::length_error &) {
-        return "length error";
-    } catch (const std::exception &error) {
-        return std::string("another error: ") + error.what();
-    }
-}
-
-std::string systemText(int code)
-{
-    return std::generic_category().message(code);
-}
 
 /// The driver of one format, with a small survey and the output that it makes of it.
 struct Driver
@@ -116,19 +92,12 @@ void expectFailure(const Driver &driver, const std::string &inputPath, const std
                    std::size_t line, const std::string &detail)
 {
     SCOPED_TRACE(driver.name + ": " + detail);
-    const TemporaryFolder folder;
-    const std::string outputPath = folder.path("line.otte");
-    Problem problem;
     CapturedStreams streams; // the Winsism reader writes there
-    EXPECT_EQ(outcomeOf([&] { return driver.convert(inputPath, outputPath); }), outcome);
-    EXPECT_FALSE(exists(outputPath));
-    folder.write("line.otte", "older");
-    EXPECT_EQ(outcomeOf([&] { return driver.convertAndTell(inputPath, outputPath, problem); }),
-              outcome);
-    EXPECT_EQ(readFile(outputPath), "older");
-    EXPECT_EQ(problem.file, inputPath);
-    EXPECT_EQ(problem.line, line);
-    EXPECT_EQ(problem.detail, detail);
+    expectConversionFails([&](const std::string &path) { return driver.convert(inputPath, path); },
+                          [&](const std::string &path, Problem &problem) {
+                              return driver.convertAndTell(inputPath, path, problem);
+                          },
+                          outcome, {inputPath, line, detail});
 }
 
 void expectTextFails(const Driver &driver, const std::string &text, const std::string &outcome,
@@ -141,18 +110,12 @@ void expectTextFails(const Driver &driver, const std::string &text, const std::s
 /// Expects that both forms of the driver for several files fail in this way.
 void expectFilesFail(const Files &files, const std::string &outcome, const Problem &expected)
 {
-    const TemporaryFolder folder;
-    const std::string outputPath = folder.path("line.otte");
-    EXPECT_EQ(outcomeOf([&] { return convertSeisImagerFiles(files, outputPath); }), outcome);
-    EXPECT_FALSE(exists(outputPath));
-    folder.write("line.otte", "older");
-    Problem problem;
-    EXPECT_EQ(outcomeOf([&] { return convertSeisImagerFiles(files, outputPath, problem); }),
-              outcome);
-    EXPECT_EQ(readFile(outputPath), "older");
-    EXPECT_EQ(problem.file, expected.file);
-    EXPECT_EQ(problem.line, expected.line);
-    EXPECT_EQ(problem.detail, expected.detail);
+    expectConversionFails(
+        [&](const std::string &path) { return convertSeisImagerFiles(files, path); },
+        [&](const std::string &path, Problem &problem) {
+            return convertSeisImagerFiles(files, path, problem);
+        },
+        outcome, expected);
 }
 
 /// What several SeisImager files of these texts convert to.

@@ -3,31 +3,17 @@
 
 #include "traveltime/generic_text.h"
 
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <limits>
-#include <stdexcept>
 #include <system_error>
 
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-
-/// A result, or the class and the text of the error raised.
-template <typename Action>
-std::string outcomeOf(Action action)
-{
-    try {
-        return std::to_string(action());
-    } catch (const std::out_of_range &error) {
-        return std::string("out of range: ") + error.what();
-    } catch (const std::exception &error) {
-        return std::string("another error: ") + error.what();
-    }
-}
 
 const char subscript[] = "out of range: invalid vector subscript";
 const char position[] = "out of range: invalid string position";
@@ -98,19 +84,12 @@ void expectFailure(const std::vector<std::string> &files, const std::vector<doub
                    const std::vector<double> &elevations, const std::string &outcome,
                    const Problem &expected)
 {
-    const TemporaryFolder folder;
-    const std::string path = folder.path("line.otte");
-    EXPECT_EQ(outcomeOf([&] { return convertGenericText(files, path, xs, elevations); }), outcome);
-    EXPECT_FALSE(exists(path));
-
-    folder.write("line.otte", "older");
-    Problem problem;
-    EXPECT_EQ(outcomeOf([&] { return convertGenericText(files, path, xs, elevations, problem); }),
-              outcome);
-    EXPECT_EQ(problem.file, expected.file);
-    EXPECT_EQ(problem.line, expected.line);
-    EXPECT_EQ(problem.detail, expected.detail);
-    EXPECT_EQ(readFile(path), "older");
+    expectConversionFails(
+        [&](const std::string &path) { return convertGenericText(files, path, xs, elevations); },
+        [&](const std::string &path, Problem &problem) {
+            return convertGenericText(files, path, xs, elevations, problem);
+        },
+        outcome, expected);
 }
 
 const char twoReceivers[] = "0;100;0.001\n5;100;0.004\n";

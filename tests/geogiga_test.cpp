@@ -3,26 +3,19 @@
 
 #include "readers/geogiga.h"
 
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
-#include <map>
-#include <stdexcept>
 
 namespace {
-
-using Numbers = std::vector<double>;
-using Positions = std::vector<std::pair<double, double>>;
-using Sizes = std::vector<std::size_t>;
 
 const char noValue[] = "out_of_range: invalid vector subscript";
 const char onlyDelimiters[] = "out_of_range: invalid string position";
 
 /// Two shots on three receivers. The rows end in CR LF, so that the second block is found.
-const std::vector<std::string> twoShots = {
+const Lines twoShots = {
     "TX_CURVE",                          // 1
     "VERSION: 1.0",                      // 2
     "INFO: line 7",                      // 3
@@ -44,21 +37,10 @@ const std::vector<std::string> twoShots = {
     "3 10.5 0.0025 2\r",                 // 19
 };
 
-std::string joined(const std::vector<std::string> &lines, const std::string &lineEnd = "\n")
-{
-    std::string text;
-    for (const std::string &line : lines)
-        text += line + lineEnd;
-    return text;
-}
-
 /// The file above with some of its lines, counted from 1, replaced.
-std::string fileWith(const std::map<std::size_t, std::string> &changedLines)
+std::string fileWith(const ChangedLines &changedLines)
 {
-    std::vector<std::string> lines = twoShots;
-    for (const auto &[number, line] : changedLines)
-        lines.at(number - 1) = line;
-    return joined(lines);
+    return joined(withLines(twoShots, changedLines));
 }
 
 /// A file of one block with the given receiver count and rows.
@@ -79,20 +61,6 @@ std::string emptyShots(const std::string &shotCount, std::size_t blocks)
     return text;
 }
 
-template <typename Call>
-std::string outcomeOf(Call call)
-{
-    try {
-        return std::to_string(call());
-    } catch (const std::out_of_range &error) {
-        return std::string("out_of_range: ") + error.what();
-    } catch (const std::invalid_argument &error) {
-        return std::string("invalid_argument: ") + error.what();
-    } catch (const std::length_error &) {
-        return "length_error";
-    }
-}
-
 struct Reading
 {
     std::string outcome; ///< the result, or the type and the text of the error
@@ -100,22 +68,16 @@ struct Reading
     Problem problem;
 };
 
-/// The numbers of records, spreads and shots.
-Sizes sizesOf(const TraveltimeSurvey &survey)
-{
-    return {survey.traveltimes.size(), survey.spreads.size(), survey.shots.size()};
-}
-
 /// Reads with both forms of the reader, which must do the same.
 Reading readPath(const std::string &path, const TraveltimeSurvey &before = {})
 {
     Reading reading{"", before, {}};
     TraveltimeSurvey &survey = reading.survey;
-    reading.outcome = outcomeOf([&] {
+    reading.outcome = classOutcomeOf([&] {
         return readGeogigaTraveltimes(path, survey.traveltimes, survey.spreads, survey.shots);
     });
     TraveltimeSurvey other = before;
-    const std::string otherOutcome = outcomeOf([&] {
+    const std::string otherOutcome = classOutcomeOf([&] {
         return readGeogigaTraveltimes(path, other.traveltimes, other.spreads, other.shots,
                                       reading.problem);
     });
@@ -128,19 +90,6 @@ Reading readText(const std::string &text, const TraveltimeSurvey &before = {})
 {
     const TemporaryFolder folder;
     return readPath(folder.write("line.txt", text), before);
-}
-
-Positions positionsOf(const Spread &spread)
-{
-    Positions positions;
-    for (const ReceiverPosition &receiver : spread)
-        positions.emplace_back(receiver.x, receiver.elevation);
-    return positions;
-}
-
-bool same(double a, double b)
-{
-    return a == b || (std::isnan(a) && std::isnan(b));
 }
 
 } // namespace
@@ -310,14 +259,12 @@ TEST(GeogigaFailures, AKeywordLineMissingEmptyOrWithAnotherFirstField)
         {15, "NUMBER_OF_RECEIVERS : 3", {1, 0, 2}},
     };
     for (const auto &[line, likeIt, left] : cases) {
-        std::vector<std::string> without = twoShots;
+        Lines without = twoShots;
         without.erase(without.begin() + static_cast<std::ptrdiff_t>(line) - 1);
-        const std::vector<std::string> cut(
-            twoShots.begin(), twoShots.begin() + static_cast<std::ptrdiff_t>(line) - 1);
         const char *noKeyword = line <= 2 ? "X" : " "; // " " alone is no keyword, but a delimiter
         for (const std::string &text :
              {fileWith({{line, likeIt}}), fileWith({{line, ""}}), fileWith({{line, noKeyword}}),
-              joined(without), joined(cut)}) {
+              joined(without), joined(firstLines(twoShots, line - 1))}) {
             const Reading reading = readText(text);
             EXPECT_EQ(reading.outcome, "1") << text;
             EXPECT_EQ(sizesOf(reading.survey), left) << text;
@@ -808,7 +755,7 @@ TEST(Geogiga, BareLineFeeds)
 
 TEST(Geogiga, CarriageReturnsBeforeLineFeeds)
 {
-    std::vector<std::string> lines = twoShots;
+    Lines lines = twoShots;
     for (const std::size_t row : {9U, 10U, 11U, 16U, 17U, 18U})
         lines[row].pop_back();
 
@@ -865,7 +812,7 @@ TEST(GeogigaProblems, LineAndDetail)
 {
     const struct
     {
-        std::map<std::size_t, std::string> changedLines;
+        ChangedLines changedLines;
         std::size_t line;
         const char *detail;
     } cases[] = {
@@ -899,8 +846,8 @@ TEST(GeogigaProblems, AFileThatEndsEarlyIsNamedByTheLineThatIsNotThere)
 
 TEST(GeogigaProblems, AFileThatEndsBeforeItsRows)
 {
-    for (const auto &[lineCount, line] : {std::pair(8, 9U), {9, 10U}, {10, 11U}, {11, 12U}}) {
-        const std::vector<std::string> lines(twoShots.begin(), twoShots.begin() + lineCount);
+    for (const auto &[lineCount, line] : {std::pair(8U, 9U), {9, 10U}, {10, 11U}, {11, 12U}}) {
+        const Lines lines = firstLines(twoShots, lineCount);
         EXPECT_EQ(readText(joined(lines)).problem.line, line);
     }
 }

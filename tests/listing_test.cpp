@@ -4,6 +4,7 @@
 #include "seg2/listing.h"
 
 #include "tests/support/seg2_parser.h"
+#include "tests/support/small_records.h"
 #include "tests/support/support.h"
 
 #include <gtest/gtest.h>
@@ -26,12 +27,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-const std::string heading = "TRACE_SORT   AS_ACQUIRED\n"
-                            "UNITS\t\tMETERS\n"
-                            "\n"
-                            "                  Time    Sample\n"
-                            "Trace   No. of    Delay   Interval       Receiver Location\n"
-                            "No.     Samples   (s)     (s)        X           Y         Z\n";
+const std::string &heading = listingHeading;
 
 const std::string invalidSubscript = "invalid vector subscript";
 

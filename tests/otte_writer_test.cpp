@@ -10,7 +10,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <limits>
-#include <system_error>
 
 namespace {
 
@@ -26,11 +25,6 @@ std::string written(const TraveltimeSurvey &survey)
 std::int32_t write(const std::string &path, const TraveltimeSurvey &survey, Problem &problem)
 {
     return writeOtteFile(path, survey.traveltimes, survey.spreads, survey.shots, problem);
-}
-
-std::string systemText(int code)
-{
-    return std::generic_category().message(code);
 }
 
 /// The line of times that the writer makes of one time.

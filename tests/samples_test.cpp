@@ -38,18 +38,8 @@ void expectSameFile(const std::string &path, const std::string &expectedName)
 class SampleRecords : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        std::filesystem::current_path(folder.path(""));
-    }
-
-    void TearDown() override
-    {
-        std::filesystem::current_path(before);
-    }
-
-    std::filesystem::path before = std::filesystem::current_path();
     TemporaryFolder folder;
+    WorkingFolder working{folder.path("")};
 };
 
 } // namespace

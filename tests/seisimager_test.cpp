@@ -3,26 +3,17 @@
 
 #include "readers/seisimager.h"
 
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-#include <map>
-#include <stdexcept>
-
 namespace {
-
-using Numbers = std::vector<double>;
-using Positions = std::vector<std::pair<double, double>>;
-using Sizes = std::vector<std::size_t>;
 
 const char tooFewFields[] = "out_of_range: invalid vector subscript";
 const char onlyDelimiters[] = "out_of_range: invalid string position";
 
 /// Two shots on the same two receivers.
-const std::vector<std::string> twoShots = {
+const Lines twoShots = {
     "line 7",    // 1
     "0 2 0.5",   // 2
     "-2.5 2 0",  // 3
@@ -33,31 +24,10 @@ const std::vector<std::string> twoShots = {
     "5 31.25 1", // 8
 };
 
-std::string joined(const std::vector<std::string> &lines, const std::string &lineEnd = "\n")
-{
-    std::string text;
-    for (const std::string &line : lines)
-        text += line + lineEnd;
-    return text;
-}
-
 /// The file above with some of its lines, counted from 1, replaced.
-std::string fileWith(const std::map<std::size_t, std::string> &changedLines)
+std::string fileWith(const ChangedLines &changedLines)
 {
-    std::vector<std::string> lines = twoShots;
-    for (const auto &[number, line] : changedLines)
-        lines.at(number - 1) = line;
-    return joined(lines);
-}
-
-template <typename Call>
-std::string outcomeOf(Call call)
-{
-    try {
-        return std::to_string(call());
-    } catch (const std::out_of_range &error) {
-        return std::string("out_of_range: ") + error.what();
-    }
+    return joined(withLines(twoShots, changedLines));
 }
 
 struct Reading
@@ -67,23 +37,17 @@ struct Reading
     Problem problem;
 };
 
-/// The numbers of records, spreads and shots.
-Sizes sizesOf(const TraveltimeSurvey &survey)
-{
-    return {survey.traveltimes.size(), survey.spreads.size(), survey.shots.size()};
-}
-
 /// Reads with both forms of the reader, which must do the same.
 Reading readPath(const std::string &path, const TraveltimeSurvey &before = {})
 {
     Reading reading{"", before, {}};
     TraveltimeSurvey &survey = reading.survey;
-    reading.outcome = outcomeOf([&] {
+    reading.outcome = classOutcomeOf([&] {
         return readSeisImagerTraveltimes(path, survey.traveltimes, survey.spreads, survey.shots);
     });
     TraveltimeSurvey other = before;
     SpreadIndex index;
-    const std::string otherOutcome = outcomeOf([&] {
+    const std::string otherOutcome = classOutcomeOf([&] {
         return readSeisImagerTraveltimes(path, other.traveltimes, other.spreads, other.shots, index,
                                          reading.problem);
     });
@@ -98,14 +62,6 @@ Reading readText(const std::string &text, const TraveltimeSurvey &before = {})
     return readPath(folder.write("line.vs", text), before);
 }
 
-Positions positionsOf(const Spread &spread)
-{
-    Positions positions;
-    for (const ReceiverPosition &receiver : spread)
-        positions.emplace_back(receiver.x, receiver.elevation);
-    return positions;
-}
-
 std::vector<std::uint32_t> spreadIndicesOf(const TraveltimeSurvey &survey)
 {
     std::vector<std::uint32_t> indices;
@@ -115,11 +71,6 @@ std::vector<std::uint32_t> spreadIndicesOf(const TraveltimeSurvey &survey)
 }
 
 using Indices = std::vector<std::uint32_t>;
-
-bool same(double a, double b)
-{
-    return a == b || (std::isnan(a) && std::isnan(b));
-}
 
 } // namespace
 
@@ -344,9 +295,7 @@ TEST(SeisImagerFailures, AFileThatEndsEarly)
     } cases[] = {{0, {0, 0, 0}}, {1, {0, 0, 0}}, {2, {0, 0, 0}}, {3, {0, 0, 1}},
                  {4, {0, 0, 1}}, {5, {1, 1, 1}}, {6, {1, 1, 2}}, {7, {1, 1, 2}}};
     for (const auto &[lines, left] : cases) {
-        const std::vector<std::string> cut(twoShots.begin(),
-                                           twoShots.begin() + static_cast<std::ptrdiff_t>(lines));
-        std::string text = joined(cut);
+        std::string text = joined(firstLines(twoShots, lines));
         Reading reading = readText(text);
         EXPECT_EQ(reading.outcome, tooFewFields) << lines;
         EXPECT_EQ(sizesOf(reading.survey), left) << lines;
@@ -464,23 +413,7 @@ TEST(SeisImager, ReceiverCounts)
 
 TEST(SeisImager, Numbers)
 {
-    const double infinity = std::numeric_limits<double>::infinity();
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const struct
-    {
-        const char *text;
-        double value;
-    } cases[] = {
-        {"1e5", 100000},     {"+1.5", 1.5},
-        {".5", 0.5},         {"5.", 5},
-        {"0x1p3", 8},        {"inf", infinity},
-        {"nan", nan},        {"1,5", 1},
-        {"12abc", 12},       {"abc", 0},
-        {"\t7", 7},          {"-2.5", -2.5},
-        {"1e999", infinity}, {"-1e999", -infinity},
-        {"7\t8", 7},
-    };
-    for (const auto &[text, value] : cases) {
+    for (const auto &[text, value] : numberTexts) {
         const Reading reading =
             readText(std::string("x\n0 1\n") + text + " 1\n" + text + " " + text + " 9\n");
         EXPECT_EQ(reading.outcome, "0") << text;
@@ -594,7 +527,7 @@ TEST(SeisImager, ACarriageReturnBehindABlankIsAField)
 
 TEST(SeisImager, ALoneCarriageReturnAtTheEndIsALineOfOneField)
 {
-    std::vector<std::string> lines = twoShots;
+    Lines lines = twoShots;
     lines.pop_back();
     const Reading reading = readText(joined(lines) + "\r");
     EXPECT_EQ(reading.outcome, tooFewFields);

@@ -4,6 +4,7 @@
 #include "seg2/su_conversion.h"
 
 #include "tests/support/seg2_parser.h"
+#include "tests/support/small_records.h"
 #include "tests/support/stalled_output.h"
 #include "tests/support/support.h"
 
@@ -27,12 +28,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-const std::string heading = "TRACE_SORT   AS_ACQUIRED\n"
-                            "UNITS\t\tMETERS\n"
-                            "\n"
-                            "                  Time    Sample\n"
-                            "Trace   No. of    Delay   Interval       Receiver Location\n"
-                            "No.     Samples   (s)     (s)        X           Y         Z\n";
+const std::string &heading = listingHeading;
 
 /// What is read of a trace's header; all else in it is filled with bytes that must not matter.
 struct SuHeader
@@ -159,6 +155,19 @@ std::string repeated(const std::string &text, std::size_t times)
     for (std::size_t i = 0; i < times; ++i)
         result += text;
     return result;
+}
+
+/// Expects what a "line.su" in the folder makes that is not there, or is no file.
+void expectCannotBeOpened(const TemporaryFolder &folder)
+{
+    const std::string path = folder.path("line.su");
+    CapturedStreams streams;
+    EXPECT_EQ(convertSuToSeg2(path), 0);
+    streams.finish();
+    EXPECT_EQ(streams.output, "opening su file " + path + '\n');
+    EXPECT_EQ(streams.error, "Error while loading " + path + "\nEXCEPTION!\n");
+    EXPECT_EQ(readFile(folder.path("line_tmp")), heading);
+    EXPECT_EQ(readFile(folder.path("line.seg2")), "");
 }
 
 } // namespace
@@ -377,13 +386,11 @@ TEST(SuConversion, FilesAreNamedAfterTheInput)
 TEST(SuConversion, PathWithoutADotIsTheBase)
 {
     const TemporaryFolder folder;
+    const WorkingFolder working(folder.path(""));
     folder.write("line", twoTraces);
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(folder.path(""));
     CapturedStreams streams;
     EXPECT_EQ(convertSuToSeg2("line"), 0);
     streams.finish();
-    std::filesystem::current_path(before);
     EXPECT_EQ(readFile(folder.path("line_tmp")), twoTracesListing);
     EXPECT_EQ(readFile(folder.path("line.seg2")), twoTracesSeg2);
 }
@@ -573,28 +580,14 @@ TEST(SuConversion, SignallingNansComeOutQuiet)
 TEST(SuConversion, MissingInput)
 {
     const TemporaryFolder folder;
-    const std::string path = folder.path("line.su");
-    CapturedStreams streams;
-    EXPECT_EQ(convertSuToSeg2(path), 0);
-    streams.finish();
-    EXPECT_EQ(streams.output, "opening su file " + path + '\n');
-    EXPECT_EQ(streams.error, "Error while loading " + path + "\nEXCEPTION!\n");
-    EXPECT_EQ(readFile(folder.path("line_tmp")), heading);
-    EXPECT_EQ(readFile(folder.path("line.seg2")), "");
+    expectCannotBeOpened(folder);
 }
 
 TEST(SuConversion, FolderAsInputCannotBeOpened)
 {
     const TemporaryFolder folder;
-    const std::string path = folder.path("line.su");
-    std::filesystem::create_directory(path);
-    CapturedStreams streams;
-    EXPECT_EQ(convertSuToSeg2(path), 0);
-    streams.finish();
-    EXPECT_EQ(streams.output, "opening su file " + path + '\n');
-    EXPECT_EQ(streams.error, "Error while loading " + path + "\nEXCEPTION!\n");
-    EXPECT_EQ(readFile(folder.path("line_tmp")), heading);
-    EXPECT_EQ(readFile(folder.path("line.seg2")), "");
+    std::filesystem::create_directory(folder.path("line.su"));
+    expectCannotBeOpened(folder);
 }
 
 TEST(SuConversion, NothingIsLeftOfAFileConvertedBefore)

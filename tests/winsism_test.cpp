@@ -3,22 +3,14 @@
 
 #include "readers/winsism.h"
 
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-#include <map>
-
 namespace {
 
-using Numbers = std::vector<double>;
-using Positions = std::vector<std::pair<double, double>>;
-using Sizes = std::vector<std::size_t>;
-
 /// Two shots and three receivers, without times.
-const std::vector<std::string> twoShots = {
+const Lines twoShots = {
     "Shot number, Shot elevation",         // 1
     "1 2",                                 // 2
     "100 101.5",                           // 3
@@ -39,21 +31,10 @@ const std::vector<std::string> twoShots = {
 const Positions twoShotPositions = {{-2.5, 100}, {12.5, 101.5}};
 const Positions threeReceiverPositions = {{0, 100}, {5, 100.5}, {10, 101}};
 
-std::string joined(const std::vector<std::string> &lines, const std::string &lineEnd = "\n")
-{
-    std::string text;
-    for (const std::string &line : lines)
-        text += line + lineEnd;
-    return text;
-}
-
 /// The file above with some of its lines, counted from 1, replaced.
-std::string fileWith(const std::map<std::size_t, std::string> &changedLines)
+std::string fileWith(const ChangedLines &changedLines)
 {
-    std::vector<std::string> lines = twoShots;
-    for (const auto &[number, line] : changedLines)
-        lines.at(number - 1) = line;
-    return joined(lines);
+    return joined(withLines(twoShots, changedLines));
 }
 
 struct Reading
@@ -63,12 +44,6 @@ struct Reading
     TraveltimeSurvey survey;
     Problem problem;
 };
-
-/// The numbers of records, spreads and shots.
-Sizes sizesOf(const TraveltimeSurvey &survey)
-{
-    return {survey.traveltimes.size(), survey.spreads.size(), survey.shots.size()};
-}
 
 /// Reads with both forms of the reader, which must do the same, into a survey that is not empty.
 Reading readPath(const std::string &path)
@@ -102,22 +77,10 @@ Reading readText(const std::string &text)
     return readPath(folder.write("line.xyz", text));
 }
 
-Positions positionsOf(const std::vector<Shot> &shots)
-{
-    Positions positions;
-    for (const Shot &shot : shots)
-        positions.emplace_back(shot.x, shot.elevation);
-    return positions;
-}
-
 /// The positions of the one spread.
 Positions receiversOf(const TraveltimeSurvey &survey)
 {
-    Positions positions;
-    if (survey.spreads.size() == 1)
-        for (const ReceiverPosition &receiver : survey.spreads[0])
-            positions.emplace_back(receiver.x, receiver.elevation);
-    return positions;
+    return survey.spreads.size() == 1 ? positionsOf(survey.spreads[0]) : Positions();
 }
 
 void expectRead(const Reading &reading, const Positions &shots, const Positions &receivers,
@@ -138,11 +101,6 @@ void expectRefused(const Reading &reading, const std::string &error, std::size_t
     EXPECT_EQ(reading.result, 1) << input;
     EXPECT_EQ(reading.error, error) << input;
     EXPECT_EQ(sizesOf(reading.survey), (Sizes{records, 0, shots})) << input;
-}
-
-bool same(double a, double b)
-{
-    return a == b || (std::isnan(a) && std::isnan(b));
 }
 
 } // namespace
@@ -167,7 +125,7 @@ TEST(Winsism, FillsTheSurvey)
 
 TEST(WinsismEdgeCases, HeadingsBehindBlanksAndBeforeACarriageReturn)
 {
-    std::map<std::size_t, std::string> changedLines;
+    ChangedLines changedLines;
     for (const std::size_t line : {1U, 4U, 7U, 10U, 13U})
         changedLines[line] = "   " + twoShots[line - 1] + "\r";
     expectRead(readText(fileWith(changedLines)), twoShotPositions, threeReceiverPositions, "");
@@ -396,9 +354,7 @@ TEST(WinsismFailures, AFileThatEndsEarly)
         {12, "Invalid header : \n", 2},
     };
     for (const auto &[lines, error, shots] : cases) {
-        const std::vector<std::string> cut(twoShots.begin(),
-                                           twoShots.begin() + static_cast<std::ptrdiff_t>(lines));
-        std::string text = joined(cut);
+        std::string text = joined(firstLines(twoShots, lines));
         expectRefused(readText(text), error, shots, text);
         if (text.empty())
             continue;
@@ -407,9 +363,7 @@ TEST(WinsismFailures, AFileThatEndsEarly)
         expectRefused(readText(text + "\r"), error, shots, text);
     }
     for (const std::size_t lines : {13U, 14U}) {
-        const std::vector<std::string> cut(twoShots.begin(),
-                                           twoShots.begin() + static_cast<std::ptrdiff_t>(lines));
-        const std::string text = joined(cut);
+        const std::string text = joined(firstLines(twoShots, lines));
         expectRead(readText(text), twoShotPositions, threeReceiverPositions, text);
         expectRead(readText(text + "\r"), twoShotPositions, threeReceiverPositions, text + "\r");
     }
@@ -450,23 +404,7 @@ TEST(Winsism, NumbersOfShotsAndReceivers)
 
 TEST(Winsism, DistancesAndElevations)
 {
-    const double infinity = std::numeric_limits<double>::infinity();
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const struct
-    {
-        const char *text;
-        double value;
-    } cases[] = {
-        {"1e5", 100000},     {"+1.5", 1.5},
-        {".5", 0.5},         {"5.", 5},
-        {"0x1p3", 8},        {"inf", infinity},
-        {"nan", nan},        {"1,5", 1},
-        {"12abc", 12},       {"abc", 0},
-        {"\t7", 7},          {"-2.5", -2.5},
-        {"1e999", infinity}, {"-1e999", -infinity},
-        {"7\t8", 7},
-    };
-    for (const auto &[text, value] : cases) {
+    for (const auto &[text, value] : numberTexts) {
         const Reading reading = readText(fileWith({{2, "1"},
                                                    {3, text},
                                                    {5, "1"},
@@ -524,7 +462,7 @@ TEST(Winsism, NothingBehindTheLinesOfTimesIsRead)
 TEST(Winsism, LinesThatBeginWithBlanks)
 {
     // The blanks go before the line is cut: no field more.
-    std::vector<std::string> lines = twoShots;
+    Lines lines = twoShots;
     for (std::string &line : lines)
         line.insert(0, "   ");
     expectRead(readText(joined(lines)), twoShotPositions, threeReceiverPositions, "");
@@ -578,7 +516,7 @@ TEST(WinsismProblems, LineAndDetail)
 {
     const struct
     {
-        std::map<std::size_t, std::string> changedLines;
+        ChangedLines changedLines;
         std::size_t line;
         const char *detail;
     } cases[] = {

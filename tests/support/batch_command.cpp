@@ -9,7 +9,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -97,9 +96,4 @@ bool waitUntil(const std::function<bool()> &condition)
         std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
     return true;
-}
-
-std::string systemText(int code)
-{
-    return std::generic_category().message(code);
 }

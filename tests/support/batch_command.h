@@ -53,6 +53,3 @@ void sendSignal(const QProcess &process, int signal);
 
 /// Waits until `condition` holds; false when it still does not after a long while.
 bool waitUntil(const std::function<bool()> &condition);
-
-/// The system's text for an error number, in the language of the test's and the command's locale.
-std::string systemText(int code);

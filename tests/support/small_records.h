@@ -5,7 +5,7 @@
 
 #include <string>
 
-inline const char listingHeading[] =
+inline const std::string listingHeading =
     "TRACE_SORT   AS_ACQUIRED\n"
     "UNITS\t\tMETERS\n"
     "\n"

@@ -4,14 +4,13 @@
 #pragma once
 
 #include "tests/support/batch_command.h"
+#include "tests/support/reading.h"
 
 #include <cstddef>
-#include <map>
 #include <string>
 #include <vector>
 
-/// Lines of a file, counted from 1, and their line ends.
-using Lines = std::vector<std::string>;
+// The lines stand with their line ends.
 
 inline const Lines geogigaLines = {
     "TX_CURVE\n",                      // 1
@@ -67,20 +66,15 @@ inline const Lines genericLines = {"0;100;0.001\n", "5;100;0.004\n"};
 inline const char genericOtte[] = "otte\n1.0\n2\n1\n0;5;\n100;100;\n-1;\n100;\n0\n0\n1;4;\n";
 
 /// The file with some of its lines replaced.
-inline std::string fileOf(Lines lines, const std::map<std::size_t, std::string> &replaced = {})
+inline std::string fileOf(const Lines &lines, const ChangedLines &replaced = {})
 {
-    std::string text;
-    for (const auto &[number, line] : replaced)
-        lines.at(number - 1) = line;
-    for (const std::string &line : lines)
-        text += line;
-    return text;
+    return joined(withLines(lines, replaced), "");
 }
 
 /// The first lines of a file.
 inline std::string start(const Lines &lines, std::size_t count)
 {
-    return fileOf({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(count)});
+    return fileOf(firstLines(lines, count));
 }
 
 /// A folder with one generic file, which converts into genericOtte, and an older output.

@@ -10,6 +10,7 @@
 #include <iostream>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
 #include <unistd.h>
 
 TemporaryFolder::TemporaryFolder()
@@ -41,6 +42,16 @@ std::string TemporaryFolder::write(const std::string &name, const std::string &b
     return path(name);
 }
 
+WorkingFolder::WorkingFolder(const std::string &path)
+{
+    std::filesystem::current_path(path);
+}
+
+WorkingFolder::~WorkingFolder()
+{
+    std::filesystem::current_path(before);
+}
+
 std::string readFile(const std::string &path)
 {
     std::ifstream stream(path, std::ios::binary);
@@ -52,6 +63,11 @@ std::string readFile(const std::string &path)
 bool exists(const std::string &path)
 {
     return std::filesystem::exists(path);
+}
+
+std::string systemText(int code)
+{
+    return std::generic_category().message(code);
 }
 
 std::string dataFile(const std::string &name)

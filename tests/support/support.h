@@ -24,10 +24,26 @@ private:
     std::filesystem::path folder;
 };
 
+/// Makes a folder the working directory while it lives.
+class WorkingFolder
+{
+public:
+    explicit WorkingFolder(const std::string &path);
+    ~WorkingFolder();
+    WorkingFolder(const WorkingFolder &) = delete;
+    WorkingFolder &operator=(const WorkingFolder &) = delete;
+
+private:
+    std::filesystem::path before = std::filesystem::current_path();
+};
+
 /// What a file holds; fails the test when it cannot be read.
 std::string readFile(const std::string &path);
 
 bool exists(const std::string &path);
+
+/// The system's text for an error number, in the language of the process's locale.
+std::string systemText(int code);
 
 /// A file of tests/data, by its name there.
 std::string dataFile(const std::string &name);
