@@ -7,7 +7,6 @@
 #include "tests/support/window.h"
 
 #include <QAbstractButton>
-#include <QDir>
 #include <QTest>
 #include <QToolBox>
 
