@@ -95,7 +95,7 @@ int run(const QCommandLineParser &parser)
             return refuseUsage("--shots names all files and positions alone");
         return runGenericList(parser.value("shots").toStdString(), outputPath);
     }
-    if (files.empty())
+    if (files.empty() || std::find(files.begin(), files.end(), "") != files.end())
         return refuseUsage("an input file is needed");
     if (arguments.size() - 1 > format->mostFiles)
         return refuseUsage((format->name + " takes one input file").toStdString());
@@ -131,7 +131,7 @@ int main(int argc, char *argv[])
 
     const QStringList arguments = QCoreApplication::arguments();
 #ifndef _WIN32
-    for (int i = 0; i < argc; ++i)
+    for (int i = 1; i < argc; ++i)
         if (arguments[i].toLocal8Bit() != argv[i])
             return refuseUsage("argument " + std::to_string(i) + " is not valid UTF-8");
 #endif

@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <set>
 
@@ -118,13 +119,14 @@ int runSeismic(const std::string &format, const std::vector<std::string> &files,
         std::cout.setstate(std::ios::badbit);
     const bool isDolang = format == "dolang";
     const std::vector<std::string> inputs = isDolang ? dolangBases(files) : files;
-    std::set<std::string> bases;
+    std::set<std::filesystem::path> bases;
     int status = converted;
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         if (isTerminal())
             std::cerr << i + 1 << '/' << inputs.size() << ' ' << inputs[i] << '\n';
         const std::string base = isDolang ? inputs[i] : beforeLastDot(inputs[i]);
-        if (!bases.insert(base).second) {
+        if (!bases.insert(std::filesystem::weakly_canonical(std::filesystem::absolute(base)))
+                 .second) {
             report({inputs[i], 0, "the output would replace that of an input before"});
             status = conversionFailed;
         } else if (!(isDolang ? convertDolang(base) : convertSu(inputs[i]))) {

@@ -25,7 +25,7 @@ volatile std::sig_atomic_t unfinishedCount = 0;
 #ifdef _WIN32
 constexpr std::array endingSignals = {SIGINT, SIGTERM};
 #else
-constexpr std::array endingSignals = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+constexpr std::array endingSignals = {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGQUIT, SIGXCPU};
 #endif
 
 extern "C" void removeUnfinished(int signal)
@@ -36,14 +36,57 @@ extern "C" void removeUnfinished(int signal)
     std::raise(signal);
 }
 
-void beginUnfinished(const std::string &path)
+/// Makes an empty file of a short name in the folder, so that the longest name that the system
+/// takes can be written beside it, and of a name that no other run has. Empty when the system
+/// refuses.
+std::string reserve(const std::filesystem::path &folder)
 {
-    const auto index = static_cast<std::size_t>(unfinishedCount);
-    std::strncpy(unfinished[index].data(), path.c_str(), longestPath - 1);
-    unfinishedCount = unfinishedCount + 1;
+    const std::string name = ".part-" + std::to_string(QCoreApplication::applicationPid()) + '-';
+    for (int number = 0;; ++number) {
+        const std::string path = (folder / (name + std::to_string(number))).string();
+        if (std::FILE *file = std::fopen(path.c_str(), "wx")) {
+            std::fclose(file);
+            return path;
+        }
+        if (errno != EEXIST)
+            return "";
+    }
+}
+
+/// Reserves a file and sees to its removal by the signals, which wait until both are done.
+std::string beginUnfinished(const std::filesystem::path &folder)
+{
     for (const int signal : endingSignals)
         if (std::signal(signal, removeUnfinished) == SIG_IGN)
             std::signal(signal, SIG_IGN); // as under nohup
+#ifndef _WIN32
+    std::signal(SIGXFSZ, SIG_IGN); // a limit of the file size ends the writing, not the process
+    sigset_t ending;
+    sigset_t before;
+    sigemptyset(&ending);
+    for (const int signal : endingSignals)
+        sigaddset(&ending, signal);
+    sigprocmask(SIG_BLOCK, &ending, &before);
+#endif
+    const std::string path = reserve(folder);
+    if (!path.empty()) {
+        const auto index = static_cast<std::size_t>(unfinishedCount);
+        std::strncpy(unfinished[index].data(), path.c_str(), longestPath - 1);
+        unfinishedCount = unfinishedCount + 1;
+    }
+#ifndef _WIN32
+    const int reason = errno;
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    errno = reason;
+#endif
+    return path;
+}
+
+/// True for the names of what the process has open already.
+bool isOpenDescriptor(const std::string &path)
+{
+    return path.starts_with("/dev/std") || path.starts_with("/dev/fd/")
+           || path.starts_with("/proc/");
 }
 
 bool fail(const std::string &path, const std::error_code &error, Problem &problem)
@@ -64,24 +107,22 @@ bool writeWhole(const std::string &path, const std::function<bool(const std::str
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::file_status before = fs::status(path, error);
+    if (before.type() == fs::file_type::none)
+        return fail(path, error, problem);
     if (fs::exists(before) && !fs::is_regular_file(before))
         return write(path);
-    if (fs::exists(before) && (path.starts_with("/dev/") || path.starts_with("/proc/")))
+    if (fs::exists(before) && isOpenDescriptor(path))
         return fail(path, std::make_error_code(std::errc::operation_not_supported), problem);
     if (fs::exists(before) && !isWritable(path))
         return fail(path, std::make_error_code(std::errc::permission_denied), problem);
 
-    // Through a link, the file that it leads to is replaced, not the link.
-    std::string target = path;
-    if (fs::exists(before))
-        target = fs::canonical(path, error).string();
-    else if (fs::is_symlink(path, error))
-        target = (fs::path(path).parent_path() / fs::read_symlink(path, error)).string();
-    // A short name of its own, so that the longest name that the system takes can be written.
-    const fs::path partialName = ".part-" + std::to_string(QCoreApplication::applicationPid()) + '-'
-                                 + std::to_string(unfinishedCount);
-    const std::string partial = (fs::path(target).parent_path() / partialName).string();
-    beginUnfinished(partial);
+    // Through links, the file that they lead to is replaced, not the link.
+    fs::path target = path;
+    while (fs::is_symlink(target, error))
+        target = target.parent_path() / fs::read_symlink(target, error);
+    const std::string partial = beginUnfinished(target.parent_path());
+    if (partial.empty())
+        return fail(path, std::error_code(errno, std::generic_category()), problem);
     bool whole = write(partial);
     if (problem.file == partial)
         problem.file = path;

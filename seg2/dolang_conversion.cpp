@@ -82,7 +82,7 @@ bool readChannels(const std::string &basePath, const DolangKind &kind, const Hea
         TextFile file = load(path, basePath + kind.headerExtension, problem);
         if (!file.isOpen)
             return false;
-        if (!readChannel(file, header.samplesPerChannel, samples))
+        if (!readChannel(file, header.samplesPerChannel, samples) && problem.remark.empty())
             problem.remark = path + " holds fewer than "
                              + counted(header.samplesPerChannel, "sample")
                              + ": the missing ones are 0";

@@ -298,3 +298,17 @@ TEST(BatchOutput, FileThatIsTheStandardOutputIsNotReplaced)
     EXPECT_EQ(finish(process), (BatchRun{1, "", "/dev/stdout: " + systemText(EOPNOTSUPP) + '\n'}));
     EXPECT_EQ(readFile(survey.path("log.txt")), "header\n");
 }
+
+TEST(BatchOutput, LinksAreFollowedToTheirEnd)
+{
+    const GenericSurvey survey;
+    fs::create_symlink("second", survey.path("first"));
+    fs::create_symlink("new.otte", survey.path("second"));
+    EXPECT_EQ(survey.run(convert("s1.txt", "first")), BatchRun{});
+    EXPECT_TRUE(fs::is_symlink(survey.path("first")));
+    EXPECT_TRUE(fs::is_symlink(survey.path("second")));
+    EXPECT_EQ(readFile(survey.path("new.otte")), genericOtte);
+
+    fs::create_symlink("loop", survey.path("loop"));
+    expectNothingChanged(survey, convert("s1.txt", "loop"), "loop: " + systemText(ELOOP));
+}

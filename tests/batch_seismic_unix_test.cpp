@@ -319,6 +319,8 @@ TEST(BatchSeismicUnix, TwoRecordsWithOneOutputAreNotBothConverted)
               (BatchRun{1, "", "line.dat: the output would replace that of an input before\n"}));
     EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
     EXPECT_EQ(readFile(folder.path("line_tmp")), suListing);
+    EXPECT_EQ(folder.run({"su", "line.su", "./line.su"}),
+              (BatchRun{1, "", "./line.su: the output would replace that of an input before\n"}));
 }
 
 TEST(BatchSeismicUnix, EchoThatCannotBeWrittenIsAFailure)
