@@ -8,9 +8,6 @@
 #include "seg2/dolang_conversion.h"
 #include "seg2/su_conversion.h"
 
-#include <QString>
-#include <QStringList>
-
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
@@ -87,19 +84,17 @@ bool convertDolang(const std::string &base)
 /// The bases of the Dolang sets named, each once, though all three headers may be named.
 std::vector<std::string> dolangBases(const std::vector<std::string> &files)
 {
-    QStringList bases;
+    std::vector<std::string> bases;
     for (const std::string &file : files) {
-        QString base = QString::fromStdString(file);
-        for (const DolangKind &kind : dolangKinds)
-            if (base.endsWith(QLatin1String(kind.headerExtension)))
-                base.chop(4);
-        bases << base;
+        const bool isHeader =
+            std::any_of(dolangKinds.begin(), dolangKinds.end(), [&](const DolangKind &kind) {
+                return file.ends_with(kind.headerExtension);
+            });
+        const std::string base = isHeader ? beforeLastDot(file) : file;
+        if (std::find(bases.begin(), bases.end(), base) == bases.end())
+            bases.push_back(base);
     }
-    bases.removeDuplicates();
-    std::vector<std::string> names;
-    for (const QString &base : std::as_const(bases))
-        names.push_back(base.toStdString());
-    return names;
+    return bases;
 }
 
 bool isTerminal()

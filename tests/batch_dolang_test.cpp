@@ -205,6 +205,12 @@ TEST(BatchDolang, EverySetIsTriedAfterOneFailed)
     EXPECT_EQ(onlyTrace(set.seg2("RDT")), (std::vector<double>{9.0, 10.0, 11.0}));
 }
 
+TEST(BatchDolang, BaseThatEndsLikeAHeaderLosesOneExtension)
+{
+    const DolangSet set;
+    EXPECT_EQ(set.run({"dolang", "L.CDT.ADT"}), (BatchRun{1, "", "L.CDT.ADT: no such file\n"}));
+}
+
 TEST(BatchDolang, OnATerminalEachSetIsAnnounced)
 {
     const DolangSet set;
