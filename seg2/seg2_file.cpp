@@ -93,11 +93,9 @@ std::string dataBlock(const Seg2Trace &trace)
     }
 }
 
-/// Writes a trace at the end of the stream and returns where it begins.
-std::uint32_t writeTrace(Seg2Trace &trace, const Seg2File &file, std::ostream &stream)
+/// Appends a trace, its descriptor block and its samples, which begins at `start` in the file.
+void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start)
 {
-    stream.seekp(0, std::ios::end);
-    const auto start = static_cast<std::uint64_t>(std::streamoff(stream.tellp()));
     const std::string strings = stringList(trace.strings, file, start + descriptorFieldsSize);
     const std::string data = dataBlock(trace);
     const std::size_t descriptorSize = descriptorFieldsSize + strings.size();
@@ -106,15 +104,14 @@ std::uint32_t writeTrace(Seg2Trace &trace, const Seg2File &file, std::ostream &s
     trace.dataSize =
         static_cast<std::uint32_t>(descriptorSize + data.size() - trace.descriptorSize);
 
-    std::string descriptor;
-    appendLittle16(descriptor, trace.blockId);
-    appendLittle16(descriptor, trace.descriptorSize);
-    appendLittle32(descriptor, trace.dataSize);
-    appendLittle32(descriptor, trace.sampleCount);
-    appendLittleSamples(descriptor, &trace.formatCode, 1);
-    descriptor.append(trace.reserved.data(), trace.reserved.size());
-    stream << descriptor + strings << data;
-    return static_cast<std::uint32_t>(start);
+    appendLittle16(bytes, trace.blockId);
+    appendLittle16(bytes, trace.descriptorSize);
+    appendLittle32(bytes, trace.dataSize);
+    appendLittle32(bytes, trace.sampleCount);
+    appendLittleSamples(bytes, &trace.formatCode, 1);
+    bytes.append(trace.reserved.data(), trace.reserved.size());
+    bytes += strings;
+    bytes += data;
 }
 
 std::string fileDescriptor(const Seg2File &file)
@@ -132,6 +129,35 @@ std::string fileDescriptor(const Seg2File &file)
     bytes.append(std::size_t{4} * file.traceCount, '\0'); // the pointers, known later
     bytes += stringList(file.strings, file, bytes.size());
     return bytes;
+}
+
+/// Writes the traces behind what stands in the stream, a megabyte or more at once: a small write
+/// begins inside a page of the disk's cache, which the system then fills with zeros first.
+void writeTraces(Seg2File &file, std::ostream &stream)
+{
+    stream.seekp(0, std::ios::end);
+    auto written = static_cast<std::uint64_t>(std::streamoff(stream.tellp()));
+    std::string bytes;
+    const auto flush = [&] {
+        stream << bytes;
+        written += bytes.size();
+        bytes.clear();
+    };
+    try {
+        for (std::size_t i = 0; i < file.traces.size(); ++i) {
+            const std::uint64_t start = written + bytes.size();
+            appendTrace(bytes, file.traces[i], file, start);
+            if (i >= file.tracePointers.size())
+                throw std::out_of_range("invalid vector subscript");
+            file.tracePointers[i] = static_cast<std::uint32_t>(start);
+            if (bytes.size() >= std::size_t{1} << 20)
+                flush();
+        }
+    } catch (...) {
+        flush(); // the traces before stay
+        throw;
+    }
+    flush();
 }
 
 } // namespace
@@ -173,12 +199,7 @@ std::ostream &write(Seg2File &file, std::ostream &stream)
 {
     file.tracePointersSize = static_cast<std::uint16_t>(4 * file.traceCount);
     stream << fileDescriptor(file);
-    for (std::size_t i = 0; i < file.traces.size(); ++i) {
-        const std::uint32_t start = writeTrace(file.traces[i], file, stream);
-        if (i >= file.tracePointers.size())
-            throw std::out_of_range("invalid vector subscript");
-        file.tracePointers[i] = start;
-    }
+    writeTraces(file, stream);
     std::string pointers;
     appendLittleSamples(pointers, file.tracePointers.data(), file.tracePointers.size());
     stream.seekp(descriptorFieldsSize);

@@ -56,83 +56,104 @@ std::size_t traceSize(std::uint32_t sampleCount)
     return headerSize + std::size_t{4} * sampleCount;
 }
 
-/// The whole file; nothing, after a line on the standard error stream, when it cannot be opened.
-std::optional<QByteArray> load(const std::string &path, Problem &problem)
+/// Opens the file; false, after a line on the standard error stream, when it cannot be opened.
+bool open(QFile &file, const std::string &path, Problem &problem)
 {
     std::cout << "opening su file " + path + '\n';
-    QFile file(QString::fromStdString(path));
+    file.setFileName(QString::fromStdString(path));
     // Of an empty name Qt would tell the standard error stream too.
-    if (path.empty() || !file.open(QIODevice::ReadOnly)) {
-        std::cerr << "Error while loading " + path + '\n';
-        tell(problem, file.errorString().toStdString());
-        return {};
-    }
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFile::NoError)
-        tell(problem, file.errorString().toStdString());
-    return bytes;
+    if (!path.empty() && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return true;
+    std::cerr << "Error while loading " + path + '\n';
+    tell(problem, file.errorString().toStdString());
+    return false;
 }
 
-/// The offsets of the traces, which all have the first one's number of samples and interval.
-std::vector<std::size_t> indexTraces(const QByteArray &bytes)
+/// Puts what comes next in the file behind what `bytes` holds, up to `size` bytes in all. Gives the
+/// number of bytes read.
+std::size_t readOn(QFile &file, QByteArray &bytes, std::size_t size)
 {
-    reader.intervalMilliseconds = numberAt<quint16>(bytes, sampleIntervalOffset) / 1000.0;
-    reader.sampleCount = numberAt<quint16>(bytes, sampleCountOffset);
-    const std::size_t sampleSize = reader.sampleFormat == 3 ? 2 : 4;
-    std::vector<std::size_t> offsets(static_cast<std::size_t>(bytes.size())
-                                     / traceSize(reader.sampleCount));
-    for (std::size_t i = 0; i < offsets.size(); ++i)
-        offsets[i] = i * (sampleSize * reader.sampleCount + headerSize);
-    return offsets;
+    const qsizetype before = bytes.size();
+    qsizetype end = before;
+    bytes.resize(static_cast<qsizetype>(size));
+    for (qint64 count = 0; (count = file.read(bytes.data() + end, bytes.size() - end)) > 0;)
+        end += count; // a pipe gives little at once
+    bytes.resize(end);
+    return static_cast<std::size_t>(end - before);
 }
 
-SuTrace readTrace(const QByteArray &bytes, std::size_t offset)
+struct FileSize
+{
+    std::size_t bytes = 0;
+    std::size_t swappedTrace = 0; ///< bytes of a trace, if the file is big-endian
+};
+
+/// Calls `take` with the bytes of every whole trace in turn; the file is never held as a whole. All
+/// traces have the first one's number of samples and interval.
+template <typename Take>
+FileSize readThrough(QFile &file, Take take)
+{
+    QByteArray trace;
+    FileSize size;
+    size.bytes = readOn(file, trace, headerSize);
+    size.swappedTrace = traceSize(numberAt<quint16>(trace, sampleCountOffset, QSysInfo::BigEndian));
+    reader.intervalMilliseconds = numberAt<quint16>(trace, sampleIntervalOffset) / 1000.0;
+    reader.sampleCount = numberAt<quint16>(trace, sampleCountOffset);
+
+    const std::size_t whole = traceSize(reader.sampleCount);
+    size.bytes += readOn(file, trace, whole);
+    while (static_cast<std::size_t>(trace.size()) == whole) {
+        take(trace);
+        trace.resize(0);
+        size.bytes += readOn(file, trace, whole);
+    }
+    return size;
+}
+
+SuTrace readTrace(const QByteArray &bytes)
 {
     reader.sampleFormat = 5;
     SuTrace trace;
     trace.sampleInterval = reader.intervalMilliseconds / 1000.0;
 
-    const int scalar = numberAt<qint16>(bytes, offset + coordinateScalarOffset);
+    const int scalar = numberAt<qint16>(bytes, coordinateScalarOffset);
     float factor = 1.0F;
     if (scalar != 0)
         factor = static_cast<float>(scalar > 0 ? scalar : -1 / scalar);
-    const auto coordinate = [&bytes, offset, factor](std::size_t at) {
-        return static_cast<float>(numberAt<qint32>(bytes, offset + at)) * factor;
+    const auto coordinate = [&bytes, factor](std::size_t offset) {
+        return static_cast<float>(numberAt<qint32>(bytes, offset)) * factor;
     };
     trace.sourceX = coordinate(sourceXOffset);
     trace.receiverX = coordinate(receiverXOffset);
 
     trace.samples.resize(reader.sampleCount);
     for (std::size_t i = 0; i + 1 < trace.samples.size(); ++i)
-        trace.samples[i] = numberAt<float>(bytes, offset + headerSize + 4 * i);
+        trace.samples[i] = numberAt<float>(bytes, headerSize + 4 * i);
     return trace;
 }
 
 /// Tells what the size of the file says against the number of traces found in it.
-void tellSize(const QByteArray &bytes, std::size_t traceCount, Problem &problem)
+void tellSize(const FileSize &size, std::size_t traceCount, Problem &problem)
 {
-    const auto size = static_cast<std::size_t>(bytes.size());
     const std::size_t expected = traceSize(reader.sampleCount);
-    const std::size_t swapped =
-        traceSize(numberAt<quint16>(bytes, sampleCountOffset, QSysInfo::BigEndian));
-    if (size == 0)
+    if (size.bytes == 0)
         tell(problem, "no trace found: the file is empty");
-    if (size % expected == 0)
+    if (size.bytes % expected == 0)
         return;
 
-    std::string mismatch = std::to_string(size) + " bytes are no whole number of traces of "
+    std::string mismatch = std::to_string(size.bytes) + " bytes are no whole number of traces of "
                            + std::to_string(expected) + " bytes";
-    const bool bigEndian = size % swapped == 0;
+    const bool bigEndian = size.bytes % size.swappedTrace == 0;
     if (bigEndian)
-        mismatch += "; the file is big-endian: " + counted(size / swapped, "trace") + " of "
-                    + std::to_string(swapped) + " bytes";
+        mismatch += "; the file is big-endian: " + counted(size.bytes / size.swappedTrace, "trace")
+                    + " of " + std::to_string(size.swappedTrace) + " bytes";
     if (traceCount == 0)
         tell(problem, "no trace found: " + mismatch);
     else if (bigEndian)
         tell(problem, mismatch);
     else
         problem.remark =
-            mismatch + ": the last " + std::to_string(size % expected) + " are left out";
+            mismatch + ": the last " + std::to_string(size.bytes % expected) + " are left out";
 }
 
 } // namespace
@@ -140,8 +161,14 @@ void tellSize(const QByteArray &bytes, std::size_t traceCount, Problem &problem)
 void indexSuFile(std::string path, std::size_t &traceCount, std::vector<std::size_t> &traceOffsets)
 {
     Problem untold;
-    const std::optional<QByteArray> bytes = load(path, untold);
-    traceOffsets = bytes ? indexTraces(*bytes) : std::vector<std::size_t>();
+    QFile file;
+    traceOffsets.clear();
+    if (open(file, path, untold))
+        readThrough(file, [&traceOffsets](const QByteArray &) {
+            const std::size_t sampleSize = reader.sampleFormat == 3 ? 2 : 4;
+            traceOffsets.push_back(traceOffsets.size()
+                                   * (sampleSize * reader.sampleCount + headerSize));
+        });
     traceCount = traceOffsets.size();
 }
 
@@ -154,12 +181,14 @@ void readSuFile(std::string path, std::vector<SuTrace> &traces)
 void readSuFile(const std::string &path, std::vector<SuTrace> &traces, Problem &problem)
 {
     traces.clear();
-    const std::optional<QByteArray> bytes = load(path, problem);
-    if (!bytes)
+    QFile file;
+    if (!open(file, path, problem))
         return;
-    for (const std::size_t offset : indexTraces(*bytes))
-        traces.push_back(readTrace(*bytes, offset));
-    tellSize(*bytes, traces.size(), problem);
+    const FileSize size = readThrough(
+        file, [&traces](const QByteArray &bytes) { traces.push_back(readTrace(bytes)); });
+    if (file.error() != QFile::NoError)
+        tell(problem, file.errorString().toStdString());
+    tellSize(size, traces.size(), problem);
 }
 
 std::string beforeLastDot(const std::string &path)
