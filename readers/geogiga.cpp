@@ -173,7 +173,7 @@ void readRows(TextFile &file, std::int32_t receiverCount, double elevation, Spre
 }
 
 /// The working receiver list, as long as the first block with receivers says.
-void sizeOnce(Spread &receivers, std::int32_t receiverCount, Problem &problem)
+void sizeOnce(Spread &receivers, std::int32_t receiverCount, std::size_t fileSize, Problem &problem)
 {
     if (!receivers.empty() || receiverCount == 0)
         return;
@@ -181,6 +181,7 @@ void sizeOnce(Spread &receivers, std::int32_t receiverCount, Problem &problem)
         tell(problem, "number of receivers " + std::to_string(receiverCount));
         throw std::length_error("vector too long");
     }
+    requireHoldable(static_cast<std::uint64_t>(receiverCount), fileSize, problem);
     receivers.resize(static_cast<std::size_t>(receiverCount));
 }
 
@@ -237,7 +238,7 @@ std::int32_t readGeogigaTraveltimes(const std::string &path,
             tell(problem, counted(spreads.size(), "spread") + " read before");
             return 1;
         }
-        sizeOnce(receivers, receiverCount, problem);
+        sizeOnce(receivers, receiverCount, file.text.text.size(), problem);
 
         nextLine(file.text, file.line, problem); // the column heading
         ShotTraveltimes record{0, shotIndex, shot.x, elevation, {}};

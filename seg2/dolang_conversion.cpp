@@ -73,15 +73,19 @@ bool readChannel(TextFile &file, std::uint32_t count, std::vector<std::int32_t> 
 }
 
 /// Reads the samples of all channels, channel after channel; false when a file cannot be opened.
+/// Throws when the header asks for far more samples than the files can hold.
 bool readChannels(const std::string &basePath, const DolangKind &kind, const Header &header,
                   std::vector<std::int32_t> &samples, Problem &problem)
 {
+    std::size_t bytes = 0;
     for (std::uint64_t channel = 1; channel <= header.channelCount; ++channel) {
         const std::string path =
             basePath + kind.channelSuffix + (channel < 10 ? "0" : "") + std::to_string(channel);
         TextFile file = load(path, basePath + kind.headerExtension, problem);
         if (!file.isOpen)
             return false;
+        bytes += file.text.size();
+        requireHoldable(samples.size() + std::uint64_t{header.samplesPerChannel}, bytes, problem);
         if (!readChannel(file, header.samplesPerChannel, samples) && problem.remark.empty())
             problem.remark = path + " holds fewer than "
                              + counted(header.samplesPerChannel, "sample")

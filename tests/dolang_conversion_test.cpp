@@ -419,6 +419,32 @@ TEST_F(DolangConversion, MissingSampleLinesAreZero)
     EXPECT_EQ(a.traces[2].samples, (std::vector<double>{4.0, 5.0, 0.0}));
 }
 
+TEST_F(DolangConversion, SamplesBeyondAllBoundsAreRefused)
+{
+    // Of both channels together, beyond a value for every byte of their files.
+    for (const char *count : {"5000004", "-1", "4294967295"}) {
+        writeKind('A', "2\n\n\n0\n" + std::string(count) + "\n1000\n", {"7\n8\n", "9\n"});
+        CapturedStreams streams;
+        EXPECT_THROW(convertDolangToSeg2(base), std::length_error) << count;
+        streams.finish();
+        EXPECT_TRUE(isUntouched('A')) << count;
+    }
+}
+
+TEST_F(DolangConversion, SamplesWithinTheBoundsAreFilledIn)
+{
+    convertA("2\n\n\n0\n5000003\n1000\n", {"7\n8\n", "9\n"});
+    EXPECT_EQ(listing('A'), listingHeading
+                                + "1    5000003      0     0.001     0      0      0\n"
+                                  "2    5000003      0     0.001     0      0      0\n");
+    const ParsedSeg2 a = parseSeg2(seg2('A'));
+    ASSERT_EQ(a.traces.size(), 2U);
+    EXPECT_EQ(a.traces[0].samples.size(), 5000003U);
+    EXPECT_EQ(a.traces[0].samples[1], 8.0);
+    EXPECT_EQ(a.traces[1].samples[0], 9.0);
+    EXPECT_EQ(a.traces[1].samples.back(), 0.0);
+}
+
 TEST_F(DolangConversion, SampleLinesTooManyAreIgnored)
 {
     convertA("2\n\n\n0\n1\n1000\n", {"1\n2\n3\n", "4\n5\n"});

@@ -619,6 +619,30 @@ TEST(RequireFields, TellsHowManyAreMissing)
     }
 }
 
+TEST(RequireHoldable, TenMillionValuesMoreThanBytes)
+{
+    const struct
+    {
+        std::uint64_t values;
+        std::size_t bytes;
+        const char *detail;
+    } cases[] = {
+        {10000000, 0, ""},
+        {10000005, 5, ""},
+        {10000001, 0, "10000001 values asked for, of 0 bytes"},
+        {10000002, 1, "10000002 values asked for, of 1 byte"},
+        {4294967295, 200, "4294967295 values asked for, of 200 bytes"},
+    };
+    for (const auto &[values, bytes, detail] : cases) {
+        Problem problem{"LINE.ADT", 6};
+        EXPECT_EQ(textOf<std::length_error>([&] { requireHoldable(values, bytes, problem); }),
+                  *detail == '\0' ? "no error" : "vector too long")
+            << values;
+        EXPECT_EQ(problem.detail, detail);
+        EXPECT_EQ(problem.line, 6U);
+    }
+}
+
 TEST(Problems, TheFirstOneIsTheOneTold)
 {
     Fields fields;

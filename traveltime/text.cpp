@@ -284,6 +284,15 @@ void requireFields(const std::vector<std::string> &fields, std::size_t expected,
     throw std::out_of_range("invalid vector subscript");
 }
 
+void requireHoldable(std::uint64_t values, std::size_t bytes, Problem &problem)
+{
+    constexpr std::uint64_t mostMissing = 10'000'000;
+    if (values <= bytes + mostMissing)
+        return;
+    tell(problem, std::to_string(values) + " values asked for, of " + counted(bytes, "byte"));
+    throw std::length_error("vector too long");
+}
+
 std::string counted(std::size_t count, const std::string &noun)
 {
     return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
