@@ -3,6 +3,7 @@
 
 #include "readers/geogiga.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <sstream>
@@ -106,16 +107,31 @@ bool isWhiteSpace(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-/// What a stream may take as a part of a decimal number.
-bool isOfNumber(char character)
+/// The end of the longest text from `at` on that a stream may take for one decimal number.
+std::size_t endOfNumber(const std::string &text, std::size_t at)
 {
-    return (character >= '0' && character <= '9') || character == '.' || character == '-'
-           || character == '+' || character == 'e' || character == 'E';
+    const auto isOneOf = [&](char first, char second) {
+        return at < text.size() && (text[at] == first || text[at] == second);
+    };
+    const auto skipDigits = [&] {
+        while (at < text.size() && text[at] >= '0' && text[at] <= '9')
+            ++at;
+    };
+    at += isOneOf('+', '-') ? 1 : 0;
+    skipDigits();
+    at += isOneOf('.', '.') ? 1 : 0;
+    skipDigits();
+    if (isOneOf('e', 'E')) {
+        ++at;
+        at += isOneOf('+', '-') ? 1 : 0;
+        skipDigits();
+    }
+    return at;
 }
 
 /// Extracts one number as `>>` does, counting the line ends in front of it: a word that begins with
 /// no number gives 0, the end of the file leaves `number` as it was, and after either nothing more
-/// is extracted. A word ends where a stream would look no further.
+/// is extracted.
 template <typename Number>
 void extract(TextFile &file, Number &number, Problem &problem)
 {
@@ -127,9 +143,7 @@ void extract(TextFile &file, Number &number, Problem &problem)
     file.failed = begin == file.text.size();
     if (file.failed)
         return;
-    std::size_t end = begin + 1;
-    while (end < file.text.size() && isOfNumber(file.text[end]))
-        ++end;
+    const std::size_t end = std::max(endOfNumber(file.text, begin), begin + 1);
     const std::string_view word(&file.text[begin], end - begin);
     file.position = end;
     if (parseQuickly(word, number))
