@@ -88,15 +88,14 @@ bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Pro
     return true;
 }
 
-/// The plain decimal number that is the whole of `word`; false for all else that a stream may take.
+/// The decimal number that is the whole of `word`; false for all else that a stream may take.
 template <typename Number>
 bool parseQuickly(std::string_view word, Number &number)
 {
     const char *const last = word.data() + word.size();
     Number parsed = 0;
     const auto [end, error] = std::from_chars(word.data(), last, parsed);
-    const bool endsInLetter = word.back() != '.' && (word.back() < '0' || word.back() > '9');
-    if (error != std::errc() || end != last || endsInLetter) // "inf" and "nan" are none to a stream
+    if (error != std::errc() || end != last)
         return false;
     number = parsed;
     return true;
