@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 
 #ifdef _WIN32
@@ -27,6 +28,16 @@ void tellUser(std::string line)
         if (static_cast<unsigned char>(character) < ' ' || character == 127)
             character = '?';
     std::cerr << line + '\n';
+}
+
+/// How a file begins; nothing of a pipe, which gives what it holds only once.
+std::string firstBytes(const std::string &path)
+{
+    std::string bytes(3, '\0');
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(path, ignored))
+        std::ifstream(path, std::ios::binary).read(bytes.data(), 3);
+    return bytes;
 }
 
 } // namespace
@@ -68,6 +79,23 @@ bool isReadable(const std::string &path, Problem &problem)
         tell(problem, "this is a folder");
     else if (access(path.c_str(), R_OK) != 0)
         tell(problem, "no permission to read this file");
+    return problem.detail.empty();
+}
+
+bool isReadableText(const std::string &path, Problem &problem)
+{
+    if (!isReadable(path, problem))
+        return false;
+    const std::string bytes = firstBytes(path);
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
+        tell(problem, "this text is in UTF-16: save it as UTF-8");
+    return problem.detail.empty();
+}
+
+bool isReadableFromItsStart(const std::string &path, Problem &problem)
+{
+    if (isReadableText(path, problem) && firstBytes(path) == "\xEF\xBB\xBF")
+        tell(problem, "this text begins with a byte order mark: save it without one");
     return problem.detail.empty();
 }
 

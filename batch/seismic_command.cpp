@@ -55,7 +55,7 @@ bool convertSu(const std::string &path)
 /// Converts one kind of a Dolang set.
 bool convertKind(const std::string &base, const DolangKind &kind, Problem &problem)
 {
-    return isReadable(base + kind.headerExtension, problem)
+    return isReadableFromItsStart(base + kind.headerExtension, problem)
            && writeBoth(
                kind.listingName, base + kind.seg2Ending,
                [&](const std::string &listing, const std::string &seg2) {

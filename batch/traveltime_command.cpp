@@ -18,14 +18,15 @@
 
 namespace {
 
+using Check = bool(const std::string &path, Problem &problem);
 using Conversion = std::function<std::int32_t(const std::string &outputPath, Problem &problem)>;
 
-int run(const std::vector<std::string> &files, const std::string &outputPath,
+int run(const std::vector<std::string> &files, Check &isUsable, const std::string &outputPath,
         const Conversion &conversion)
 {
     Problem problem;
     for (const std::string &file : files) {
-        if (isReadable(file, problem) && isSameFile(file, outputPath))
+        if (isUsable(file, problem) && isSameFile(file, outputPath))
             problem.detail = "the output would replace this input";
         if (!problem.detail.empty()) {
             report(problem);
@@ -74,7 +75,9 @@ bool toNumber(const QString &text, double &value)
 int runTraveltimes(const std::string &format, const std::vector<std::string> &files,
                    const std::string &outputPath)
 {
-    return run(files, outputPath, [&](const std::string &path, Problem &problem) {
+    // Of a SeisImager file the first line is passed over.
+    Check &isUsable = format == "seisimager" ? isReadableText : isReadableFromItsStart;
+    return run(files, isUsable, outputPath, [&](const std::string &path, Problem &problem) {
         if (format == "geogiga")
             return convertGeogiga(files.front(), path, problem);
         if (format == "winsism")
@@ -95,9 +98,10 @@ int runGeneric(const std::vector<GenericShot> &shots, const std::string &outputP
         shotXs.push_back(shot.x);
         shotElevations.push_back(shot.elevation);
     }
-    return run(files, outputPath, [&](const std::string &path, Problem &problem) {
-        return convertGenericText(files, path, shotXs, shotElevations, problem);
-    });
+    return run(files, isReadableFromItsStart, outputPath,
+               [&](const std::string &path, Problem &problem) {
+                   return convertGenericText(files, path, shotXs, shotElevations, problem);
+               });
 }
 
 int runGenericList(const std::string &listPath, const std::string &outputPath)
@@ -106,7 +110,7 @@ int runGenericList(const std::string &listPath, const std::string &outputPath)
     std::vector<GenericShot> shots;
     if (isSameFile(listPath, outputPath))
         problem = {listPath, 0, "the output would replace this input"};
-    if (!isReadable(listPath, problem) || !readList(listPath, shots, problem)) {
+    if (!isReadableText(listPath, problem) || !readList(listPath, shots, problem)) {
         report(problem);
         return conversionFailed;
     }

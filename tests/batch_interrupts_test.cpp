@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/batch_command.h"
+#include "tests/support/convertible_files.h"
+#include "tests/support/odd_files.h"
 #include "tests/support/small_surveys.h"
 
 #include <gtest/gtest.h>
@@ -9,21 +11,15 @@
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
+#include <map>
+#include <random>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
 namespace {
 
-std::string repeated(const std::string &text, int count)
-{
-    std::string result;
-    for (int i = 0; i < count; ++i)
-        result += text;
-    return result;
-}
-
-std::string manyReceiversOtte(int count)
+std::string manyReceiversOtte(std::size_t count)
 {
     return "otte\n1.0\n2\n1\n" + repeated("5;", count) + '\n' + repeated("100;", count)
            + "\n-1;\n100;\n0\n0\n" + repeated("4;", count) + '\n';
@@ -40,6 +36,44 @@ int openForWriting(const std::string &path)
         return pipe >= 0;
     }));
     return pipe;
+}
+
+/// Runs the command 50 times to find every one of `outputs`, older or newer, whole, and ends it at
+/// some moment of its run.
+void expectWholeOutputs(const BatchFolder &folder, const Arguments &arguments,
+                        const std::map<std::string, std::string> &outputs, std::mt19937 &random)
+{
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(folder.run(arguments), BatchRun{});
+    const std::chrono::duration<double> whole = std::chrono::steady_clock::now() - start;
+    for (const auto &[name, newer] : outputs)
+        EXPECT_TRUE(readFile(folder.path(name)) == newer) << name;
+    const std::vector<std::string> names = folder.names();
+
+    for (int run = 0; run < 50; ++run) {
+        const int signal = run % 2 == 0 ? SIGKILL : SIGTERM;
+        for (const auto &[name, newer] : outputs)
+            folder.write(name, "older");
+        QProcess process;
+        folder.start(process, arguments);
+        std::this_thread::sleep_for(whole * (random() % 1000) / 1000);
+        sendSignal(process, signal);
+        const int status = finish(process).status;
+        EXPECT_TRUE(status == 0 || status == -signal) << status;
+        for (const auto &[name, newer] : outputs) {
+            const std::string output = readFile(folder.path(name));
+            EXPECT_TRUE(output == newer || (output == "older" && status != 0))
+                << run << ", status " << status << ", " << name << ": " << output.size()
+                << " bytes";
+        }
+        // Nobody sweeps up behind a process that is killed.
+        if (signal == SIGTERM) {
+            EXPECT_EQ(folder.names(), names);
+        }
+        for (const std::string &name : folder.names())
+            if (name.starts_with(".part-"))
+                std::filesystem::remove(folder.path(name));
+    }
 }
 
 } // namespace
@@ -109,25 +143,31 @@ TEST(BatchInterrupts, WhileWriting)
 
 TEST(BatchInterrupts, KilledAtAnyMomentTheOutputIsTheOlderOrTheNewOneWhole)
 {
-    constexpr int moments = 20;
+    std::mt19937 random(20261121);
     const GenericSurvey survey;
     survey.write("long.txt", manyReceivers(longLine));
-    const std::string newer = manyReceiversOtte(longLine);
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(survey.run(convert("long.txt", "line.otte")), BatchRun{});
-    const auto duration = std::chrono::steady_clock::now() - start;
-    EXPECT_TRUE(readFile(survey.path("line.otte")) == newer);
+    expectWholeOutputs(survey, convert("long.txt", "line.otte"),
+                       {{"line.otte", manyReceiversOtte(longLine)}}, random);
+}
 
-    for (int moment = 0; moment < moments; ++moment) {
-        survey.write("line.otte", "older");
-        QProcess process;
-        survey.start(process, convert("long.txt", "line.otte"));
-        std::this_thread::sleep_for(duration * moment / moments);
-        sendSignal(process, SIGKILL);
-        const int status = finish(process).status;
-        EXPECT_TRUE(status == 0 || status == -SIGKILL) << status;
-        const std::string output = readFile(survey.path("line.otte"));
-        EXPECT_TRUE(output == "older" || output == newer)
-            << "moment " << moment << ": " << output.size() << " bytes";
+TEST(BatchInterrupts, KilledAtAnyMomentARecordsFilesAreEachTheOlderOrTheNewOneWhole)
+{
+    std::mt19937 random(20261122);
+    const BatchFolder folder;
+    constexpr std::uint32_t traces = 16000;
+    folder.write("line.su", repeated(suFile, traces / 2));
+    std::string listing = listingHeading;
+    std::string pointers;
+    for (std::uint32_t i = 0; i < traces; ++i) {
+        listing += std::to_string(i + 1) + "    3      0     0.00025     "
+                   + (i % 2 == 0 ? "2500" : "5000") + "      0      0\n";
+        pointers += number(64076 + 172 * i, 4);
     }
+    const std::string bothTraces =
+        suSeg2Trace("2500", one + minusTwo + zero) + suSeg2Trace("5000", half + four + zero);
+    expectWholeOutputs(folder, {"su", "line.su"},
+                       {{"line_tmp", listing},
+                        {"line.seg2", seg2Head(traces) + pointers + seg2FileStrings
+                                          + repeated(bothTraces, traces / 2)}},
+                       random);
 }

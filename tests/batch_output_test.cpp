@@ -2,20 +2,16 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/batch_command.h"
+#include "tests/support/faults.h"
 #include "tests/support/small_surveys.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <csignal>
-#include <fcntl.h>
-#include <linux/capability.h>
 #include <sys/mount.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
-#include <unistd.h>
 
 namespace {
 
@@ -29,39 +25,6 @@ void expectNothingChanged(const BatchFolder &folder, const Arguments &arguments,
     EXPECT_EQ(folder.run(arguments, inChild), (BatchRun{1, "", line + '\n'}));
     EXPECT_EQ(folder.names(), before);
     EXPECT_EQ(readFile(folder.path("line.otte")), "older");
-}
-
-/// Root is not held back by permissions; without these capabilities it is, as any other user.
-void asOrdinaryUser()
-{
-    prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
-    prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
-}
-
-/// Whether the permissions of the path hold an ordinary user back from what `test` is asked.
-bool areHeldBack(const char *question, const std::string &path)
-{
-    QProcess process;
-    process.setChildProcessModifier(asOrdinaryUser);
-    process.start("test", {question, QString::fromStdString(path)});
-    process.waitForFinished();
-    return process.exitCode() == 1;
-}
-
-/// A device of the kernel's memory devices in the folder, so that no test can harm the one in /dev;
-/// that one where devices cannot be made, which is where it cannot be harmed.
-std::string memoryDevice(const BatchFolder &folder, unsigned minor, const std::string &inDev)
-{
-    const std::string path = folder.path("device");
-    if (mknod(path.c_str(), S_IFCHR | 0600, makedev(1, minor)) != 0)
-        return inDev;
-    const int opened = open(path.c_str(), O_WRONLY);
-    if (opened < 0) {
-        fs::remove(path);
-        return inDev;
-    }
-    close(opened);
-    return path;
 }
 
 /// A file system of a few kilobytes.

@@ -1,125 +1,19 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "app/convert2velarix_dialog.h"
-#include "tests/support/small_records.h"
-#include "tests/support/support.h"
-#include "tests/support/window.h"
+#include "tests/support/converter_window.h"
+#include "tests/support/convertible_files.h"
 
 #include <QAbstractButton>
-#include <QTest>
 #include <QToolBox>
 
 #include <filesystem>
 #include <iostream>
-#include <memory>
 #include <streambuf>
-
-using namespace std::string_literals;
 
 namespace {
 
-const QString generic = "Generic text file (*.txt)";
-const QString seisImager = "SeisImager traveltimes (*.vs)";
-const QString geogiga = "Geogiga text file (*.txt)";
-const QString winsism = "Geo2X Winsism XYZ file (*.xyz)";
-const QString su = "Seismic Unix (*.su)";
-const QString dolang = "Dolang seismic file (*.*DT  )";
 const QString allFiles = "All Files (*)";
-
-const std::string emptyOtte = "otte\n1.0\n2\n0\n\n\n";
-
-const std::string geogigaFile = "TX_CURVE\nVERSION: 1\nELEVATION:100.5\n"
-                                "TOTAL_NUMBER_OF_SHOTS:1\nSEISMIC_DATA_FILE_NAME:1.dat\n"
-                                "SHOT_LOCATION:-2.5\nNUMBER_OF_RECEIVERS:2\nNo x t no\n"
-                                "1 0 0.0025 1\n2 5 0.0105 1\n";
-const std::string geogigaOtte = "otte\n1.0\n2\n1\n0;5;\n100.5;100.5;\n-2.5;\n100.5;\n0\n0\n"
-                                "2.5;10.5;\n";
-
-const std::string winsismFile =
-    "Shot number, Shot elevation\n1\n101\nShot number, Shot distance\n1\n2.5\n"
-    "Receiver number, receiver distance\n1 2\n0 5\n"
-    "Receiver number, receiver elevation\n1 2\n100 100.5\nFBP times\n\n";
-const std::string winsismOtte = "otte\n1.0\n2\n1\n0;5;\n100;100.5;\n2.5;\n101;\n0\n0\n\n";
-
-const std::string seisImagerFile = "1996 0 3.0\n0 1\n2.5 2\n0 10\n5 12.5\n";
-const std::string seisImagerOtte = "otte\n1.0\n2\n1\n0;5;\n0;0;\n2.5;\n0;\n0\n0\n10;12.5;\n";
-
-/// What "Convert" showed and wrote to the standard streams.
-struct Outcome
-{
-    QStringList seen;
-    QString output;
-    QString error;
-};
-
-/// A little-endian number.
-std::string number(std::uint32_t value, int bytes)
-{
-    std::string encoded;
-    for (int i = 0; i < bytes; ++i)
-        encoded += char(value >> (8 * i) & 0xff);
-    return encoded;
-}
-
-/// A trace of three samples: 240 bytes of header and the samples.
-std::string suTrace(std::uint32_t sourceX, std::uint32_t receiverX, const std::string &samples)
-{
-    std::string trace(240, '\0');
-    trace.replace(70, 2, number(10, 2)); // coordinates are to be multiplied by 10
-    trace.replace(72, 4, number(sourceX, 4));
-    trace.replace(80, 4, number(receiverX, 4));
-    trace.replace(114, 2, number(3, 2));
-    trace.replace(116, 2, number(250, 2));
-    return trace + samples;
-}
-
-const std::string one = "\0\0\x80\x3f"s;
-const std::string minusTwo = "\0\0\0\xc0"s;
-const std::string half = "\0\0\0\x3f"s;
-const std::string four = "\0\0\x80\x40"s;
-const std::string seven = "\0\0\xe0\x40"s;
-const std::string minusThree = "\0\0\x40\xc0"s;
-const std::string zero = "\0\0\0\0"s;
-
-const std::string suFile =
-    suTrace(100, 250, one + minusTwo + seven) + suTrace(100, 500, half + four + seven);
-
-const std::string &listingHead = listingHeading;
-
-const std::string suListing = listingHead
-                              + "1    3      0     0.00025     2500      0      0\n"
-                                "2    3      0     0.00025     5000      0      0\n";
-
-std::string seg2Head(std::uint32_t traces)
-{
-    return "\x55\x3a\0\0"s + number(4 * traces, 2) + number(traces, 2) + "\1\0 \1\n "s
-           + std::string(18, ' ');
-}
-
-const std::string seg2FileStrings = "\x19\0TRACE_SORT AS_ACQUIRED\0\x0f\0UNITS METERS\0\0\0  "s;
-
-std::string suSeg2Trace(const std::string &receiverX, const std::string &samples)
-{
-    return "\x22\x44\xa0\0\x0c\0\0\0\3\0\0\0\4"s + std::string(19, ' ')
-           + "\x0a\0DELAY 0\0\x15\0DESCALING_FACTOR 1\0\x1d\0RECEIVER_LOCATION "s + receiverX
-           + " 0 0\0\x1a\0SAMPLE_INTERVAL 0.00025\0\x1b\0SOURCE_LOCATION 1000 0 0\0\x0a\0STACK 1\0"s
-           + "\0\0   "s + samples;
-}
-
-// The blocks begin at 84 and 256; the last sample of a trace is lost on the way.
-const std::string suSeg2 = seg2Head(2) + "\x54\0\0\0\0\1\0\0"s + seg2FileStrings
-                           + suSeg2Trace("2500", one + minusTwo + zero)
-                           + suSeg2Trace("5000", half + four + zero);
-
-const std::string dolangSeg2 =
-    seg2Head(1) + "\x50\0\0\0"s + seg2FileStrings + "\x22\x44\x98\0\x08\0\0\0\2\0\0\0\4"s
-    + std::string(19, ' ')
-    + "\x0a\0DELAY 0\0\x15\0DESCALING_FACTOR 1\0\x1a\0RECEIVER_LOCATION 0 0 0\0"s
-    + "\x18\0SAMPLE_INTERVAL 0.001\0\x18\0SOURCE_LOCATION 0 0 0\0\x0a\0STACK 1\0"s + "\0\0   "s
-    + seven + minusThree;
-
-const std::string emptySeg2 = seg2Head(0) + seg2FileStrings;
 
 /// Notes what is flushed to std::cerr while it lives.
 class ErrorStreamNotes : public std::stringbuf
@@ -151,24 +45,19 @@ private:
 
 } // namespace
 
-class Convert2VelarixDispatchTest : public QObject
+class Convert2VelarixDispatchTest : public ConverterWindowTests
 {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        prepareTest();
-        folder = std::make_unique<TemporaryFolder>();
-        window = std::make_unique<Convert2VelarixDialog>();
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        openWindow();
     }
 
     void cleanup()
     {
-        window.reset();
-        folder.reset();
+        closeWindow();
     }
 
     // Structured page.
@@ -688,9 +577,9 @@ private slots:
         QCOMPARE(outcome.output, "TraceINDEX : 0\n7\n-3\n");
         QCOMPARE(outcome.error, "");
         QCOMPARE(written("tmp_ADT"),
-                 text(listingHead + "1    2      0     0.001     0      0      0\n"));
-        QCOMPARE(written("tmp_CDT"), text(listingHead));
-        QCOMPARE(written("tmp_RDT"), text(listingHead));
+                 text(listingHeading + "1    2      0     0.001     0      0      0\n"));
+        QCOMPARE(written("tmp_CDT"), text(listingHeading));
+        QCOMPARE(written("tmp_RDT"), text(listingHeading));
         QCOMPARE(bytesOf("Linie 3_ADT_dolang.seg2"), bytesOf(dolangSeg2));
         QCOMPARE(bytesOf("Linie 3_CDT_dolang.seg2"), bytesOf(emptySeg2));
         QCOMPARE(bytesOf("Linie 3_RDT_dolang.seg2"), bytesOf(emptySeg2));
@@ -740,7 +629,7 @@ private slots:
         QCOMPARE(outcome.seen, QStringList(conversionDone));
         QCOMPARE(outcome.output, "opening su file " + path("a.su") + '\n');
         QCOMPARE(outcome.error, "Error while loading " + path("a.su") + "\nEXCEPTION!\n");
-        QCOMPARE(written("a_tmp"), text(listingHead));
+        QCOMPARE(written("a_tmp"), text(listingHeading));
         QCOMPARE(written("a.seg2"), "");
     }
 
@@ -882,39 +771,6 @@ private slots:
     }
 
 private:
-    QString path(const QString &name) const
-    {
-        return text(folder->path(name.toStdString()));
-    }
-
-    QString file(const std::string &name, const std::string &bytes) const
-    {
-        return text(folder->write(name, bytes));
-    }
-
-    /// What a file of the folder holds, "nothing" when there is none.
-    QString written(const QString &name) const
-    {
-        const std::string full = path(name).toStdString();
-        return exists(full) ? text(readFile(full)) : "nothing";
-    }
-
-    /// The same, for files that are no text.
-    static QByteArray bytesOf(const std::string &bytes)
-    {
-        return QByteArray::fromStdString(bytes).toPercentEncoding(" ");
-    }
-    QByteArray bytesOf(const char *name) const
-    {
-        const std::string full = folder->path(name);
-        return exists(full) ? bytesOf(readFile(full)) : "nothing";
-    }
-
-    void browse(const char *button, const QStringList &names, const QString &filter) const
-    {
-        QCOMPARE(click(*window, button, {choose(names, filter)}), QStringList());
-    }
-
     /// Chooses a file by page, button and filter; none when these are empty.
     void chooseAs(const QStringList &choice, const QString &name) const
     {
@@ -941,17 +797,6 @@ private:
         return names;
     }
 
-    Outcome convert(const std::vector<Answer> &answers = {}) const
-    {
-        Outcome outcome;
-        CapturedStreams streams;
-        outcome.seen = click(*window, "convertButton", answers);
-        streams.finish();
-        outcome.output = text(streams.output);
-        outcome.error = text(streams.error);
-        return outcome;
-    }
-
     /// Makes a page visible beside the current one.
     void showPage(const char *name) const
     {
@@ -959,9 +804,6 @@ private:
         for (QWidget *widget = page; !page->isVisible(); widget = widget->parentWidget())
             widget->show();
     }
-
-    std::unique_ptr<TemporaryFolder> folder;
-    std::unique_ptr<Convert2VelarixDialog> window;
 };
 
 int main(int argc, char *argv[])

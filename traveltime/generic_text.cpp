@@ -38,6 +38,8 @@ std::int32_t readGenericTraveltimes(const std::string &path,
         times.push_back(toDouble(fields[2]));
     }
 
+    if (receivers.empty())
+        problem.remark = "there are no receivers in this file";
     const std::uint32_t spreadIndex = findOrAddSpread(spreads, std::move(receivers), index);
     traveltimes.push_back({spreadIndex, shotIndex, shot.x, shot.elevation, std::move(times)});
     return 0;
