@@ -10,6 +10,8 @@
 #include <QTimer>
 #include <QToolBox>
 
+#include <sys/stat.h>
+
 #include <iostream>
 
 /// main() of the program itself, renamed where it is compiled for this test.
@@ -43,6 +45,20 @@ void look()
     window->close();
 }
 
+/// The standard streams that are the null device, as bits.
+int nullStreams()
+{
+    int streams = 0;
+    struct stat nullDevice;
+    struct stat stream;
+    for (int descriptor = 0; descriptor <= 2; ++descriptor) {
+        if (stat("/dev/null", &nullDevice) == 0 && fstat(descriptor, &stream) == 0
+            && S_ISCHR(stream.st_mode) && stream.st_rdev == nullDevice.st_rdev)
+            streams |= 1 << descriptor;
+    }
+    return streams;
+}
+
 void act()
 {
     QWidget *const window = QApplication::topLevelWidgets().value(0);
@@ -59,6 +75,8 @@ void act()
         window->close();
     else if (userAction == "exit 7")
         QCoreApplication::exit(7);
+    else if (userAction == "streams")
+        QCoreApplication::exit(nullStreams());
 }
 
 } // namespace
@@ -113,6 +131,28 @@ private slots:
                  "static objects destroyed");
     }
 
+    void streamsClosedAtTheStartAreTheNullDevice_data()
+    {
+        QTest::addColumn<int>("nullStreams");
+        QTest::newRow("") << 0;
+        QTest::newRow("<&-") << 1;
+        QTest::newRow(">&-") << 2;
+        QTest::newRow("2>&-") << 4;
+        QTest::newRow("<&- 2>&-") << 5;
+        QTest::newRow("<&- >&- 2>&-") << 7;
+    }
+
+    void streamsClosedAtTheStartAreTheNullDevice()
+    {
+        QFETCH(int, nullStreams);
+        QProcess program;
+        program.start("sh", {"-c", QString("exec \"$0\" streams ") + QTest::currentDataTag(),
+                             QCoreApplication::applicationFilePath()});
+        QVERIFY(program.waitForFinished(20000));
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), nullStreams);
+    }
+
     void programFileStartsAndWaitsForTheUser()
     {
         QProcess program;
@@ -135,8 +175,6 @@ private:
             for (const char *name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
                 environment.remove(name);
         }
-        // "Quit" ends the program where it stands: what a leak checker would find is no leak.
-        environment.insert("ASAN_OPTIONS", environment.value("ASAN_OPTIONS") + ":detect_leaks=0");
         program.setProcessEnvironment(environment);
         program.start(QCoreApplication::applicationFilePath(), QStringList(action) + arguments);
         if (!program.waitForFinished(20000)) {
@@ -153,7 +191,7 @@ private:
 
 int main(int argc, char *argv[])
 {
-    const QStringList actions = {"quit", "Esc", "close", "exit 7", "look"};
+    const QStringList actions = {"quit", "Esc", "close", "exit 7", "look", "streams"};
     if (argc > 1 && actions.contains(argv[1])) {
         static const Farewell farewell;
         userAction = argv[1];

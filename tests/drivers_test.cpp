@@ -4,6 +4,7 @@
 #include "traveltime/drivers.h"
 
 #include "tests/support/reading.h"
+#include "traveltime/project_files.h"
 
 #include <gtest/gtest.h>
 
@@ -571,4 +572,13 @@ TEST(SeveralSeisImagerFiles, FileNamesWithBlanksAndLettersOutsideOfAscii)
         convertSeisImagerFiles({folder.write("Schuß 1 Übung.vs", seisImager.input)}, outputPath),
         0);
     EXPECT_EQ(readFile(outputPath), seisImager.output);
+}
+
+TEST(ProjectFiles, NamesInAProjectFolder)
+{
+    EXPECT_STREQ(gridFileName, "grid.xml");
+    EXPECT_STREQ(tomodocFileName, "tomodoc.xml");
+    EXPECT_STREQ(tracesFileName, "traces.xml");
+    EXPECT_STREQ(palettesFileName, "palettes.xml");
+    EXPECT_STREQ(refractionFileName, "refraction.xml");
 }

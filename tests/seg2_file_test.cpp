@@ -381,6 +381,14 @@ TEST(WriteSeg2, FileWithoutTraces)
     EXPECT_TRUE(file.tracePointers.empty());
 }
 
+TEST(WriteSeg2, PointersThatNothingFillsAreZero)
+{
+    Seg2File file;
+    file.traceCount = 2;
+    EXPECT_EQ(written(file), bytes("55 3A 00 00 08 00 02 00 01 00 20 01 0A 20 '                  '"
+                                   "00 00 00 00 00 00 00 00 00 00 '  '"));
+}
+
 TEST(WriteSeg2, FileWithoutTracesAndStrings)
 {
     EXPECT_EQ(writtenStrings({}), bytes("00 00 '  '"));

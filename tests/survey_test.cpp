@@ -129,6 +129,16 @@ TEST(FindOrAddSpread, ReceiversInAnotherOrderMakeASecondSpread)
     EXPECT_EQ(spreads.size(), 2u);
 }
 
+TEST(FindOrAddSpread, SpreadsOfTheSameHashStayApart)
+{
+    std::vector<Spread> spreads;
+    SpreadIndex index;
+    EXPECT_EQ(findOrAddSpread(spreads, {{36.5, 0.75}}, index), 0u);
+    EXPECT_EQ(findOrAddSpread(spreads, {{96.0, -0x1.1c000ffc9cp+3}}, index), 1u); // -8.875007...
+    EXPECT_EQ(findOrAddSpread(spreads, {{36.5, 0.75}}, index), 0u);
+    EXPECT_EQ(spreads.size(), 2u);
+}
+
 TEST(FindOrAddSpread, ReceiverAtNanAlwaysMakesANewSpread)
 {
     std::vector<Spread> spreads;
