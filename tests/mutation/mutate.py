@@ -33,6 +33,9 @@ FEW = 3  # mutants of every file, however short it is
 SHORTEST_LIMIT = 20  # seconds
 BOUNDED = 'ulimit -c 0; ulimit -v 4194304; ulimit -f 4194304; exec "$@"'  # 4 GB of memory
 OTHER_LOCALE = "_decimal_comma"
+# Left out, for the time that they take: what ends the batch command is none of the rooms' business,
+# and disks fail alike in every locale.
+LEFT_OUT = re.compile(r"batch_interrupts|faults_decimal_comma")
 NOT_COMPILED, SURVIVED, EQUIVALENT = "did not compile", "SURVIVED", "equivalent"
 
 # ------------------------------------------------------------------------------ what is changed
@@ -281,7 +284,7 @@ class Workplace:
         # The checks of the library end a program that reads past the end of a vector.
         self.must("the project cannot be configured", self.call(
             ["cmake", "-S", self.project, "-B", self.build, "-G", "Ninja", "-DBUILD_TESTING=ON",
-             "-DCMAKE_BUILD_TYPE=None", "-DCMAKE_CXX_FLAGS=-O0 -w -D_GLIBCXX_ASSERTIONS",
+             "-DCMAKE_BUILD_TYPE=None", "-DCMAKE_CXX_FLAGS=-O1 -w -D_GLIBCXX_ASSERTIONS",
              f"-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld={linker}"]))
         self.must("it does not compile", self.compile("all"))
         self.must("its tests are not listed", self.call(["ctest", "--show-only=json-v1"],
@@ -297,7 +300,7 @@ class Workplace:
         for entry in entries:
             built = [word for word in entry["command"] if word.startswith(f"{self.build}/")
                      and os.path.isfile(word) and os.access(word, os.X_OK)]
-            if not built:
+            if not built or LEFT_OUT.search(entry["name"]):
                 continue
             properties = {item["name"]: item["value"] for item in entry.get("properties", [])}
             environment = dict(os.environ, TMPDIR=str(self.temporary), HOME=str(self.temporary),

@@ -56,6 +56,13 @@ void BatchFolder::start(QProcess &process, const std::vector<std::string> &argum
     QStringList list;
     for (const std::string &argument : arguments)
         list << QString::fromStdString(argument);
+    // Under nohup the tests would hand on that a hang-up is ignored.
+    process.setChildProcessModifier([inChild = process.childProcessModifier()] {
+        for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP})
+            signal(signalNumber, SIG_DFL);
+        if (inChild)
+            inChild();
+    });
     process.setWorkingDirectory(QString::fromStdString(path("")));
     process.start(BATCH_COMMAND, list);
     process.waitForStarted(milliseconds);
