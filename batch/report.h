@@ -25,7 +25,7 @@ void report(const Problem &problem);
 /// missing file for an empty one, a script must not.
 bool isReadable(const std::string &path, Problem &problem);
 
-/// The same for a text: none can be read of in UTF-16, where every number reads as 0.
+/// The same for a text. UTF-16 is refused: every number in it would read as 0.
 bool isReadableText(const std::string &path, Problem &problem);
 
 /// The same for a text whose first line counts: behind a byte order mark its first word is lost.

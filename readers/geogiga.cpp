@@ -106,23 +106,25 @@ bool isWhiteSpace(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-/// The end of the longest text from `at` on that a stream may take for one decimal number.
+/// The end of the longest text from `at` on that a stream may take for one number. For an integer
+/// it may stop before: "12.5" is then 12, and ".5" comes next.
 std::size_t endOfNumber(const std::string &text, std::size_t at)
 {
-    const auto isOneOf = [&](char first, char second) {
-        return at < text.size() && (text[at] == first || text[at] == second);
+    const auto skipOne = [&](std::string_view characters) {
+        const bool found = at < text.size() && characters.find(text[at]) != std::string_view::npos;
+        at += found ? 1 : 0;
+        return found;
     };
     const auto skipDigits = [&] {
         while (at < text.size() && text[at] >= '0' && text[at] <= '9')
             ++at;
     };
-    at += isOneOf('+', '-') ? 1 : 0;
+    skipOne("+-");
     skipDigits();
-    at += isOneOf('.', '.') ? 1 : 0;
+    skipOne(".");
     skipDigits();
-    if (isOneOf('e', 'E')) {
-        ++at;
-        at += isOneOf('+', '-') ? 1 : 0;
+    if (skipOne("eE")) {
+        skipOne("+-");
         skipDigits();
     }
     return at;

@@ -84,6 +84,9 @@ bool readChannels(const std::string &basePath, const DolangKind &kind, const Hea
         TextFile file = load(path, basePath + kind.headerExtension, problem);
         if (!file.isOpen)
             return false;
+        if (file.text.starts_with("\xEF\xBB\xBF") || file.text.starts_with("\xFF\xFE")
+            || file.text.starts_with("\xFE\xFF"))
+            problem = {path, 1, "this text begins with a byte order mark", problem.remark};
         bytes += file.text.size();
         requireHoldable(samples.size() + std::uint64_t{header.samplesPerChannel}, bytes, problem);
         if (!readChannel(file, header.samplesPerChannel, samples) && problem.remark.empty())

@@ -33,7 +33,7 @@ inline constexpr std::array<DolangKind, 3> dolangKinds = {
 /// are not used, the delay, the samples per channel and the samples per second. A channel file
 /// holds a sample per line. Lines that are missing or hold no integer count as 0. Throws
 /// std::length_error "vector too long", with nothing of the kind written, when the header asks for
-/// ten million samples more than the channel files have bytes.
+/// ten million samples more than the channel files read so far have bytes.
 void convertDolangToSeg2(std::string basePath);
 
 /// Converts one kind. False, after the line on the standard error stream, when the conversion of

@@ -82,23 +82,26 @@ std::size_t readOn(QFile &file, QByteArray &bytes, std::size_t size)
     return static_cast<std::size_t>(end - before);
 }
 
-struct FileSize
+struct SizesFound
 {
-    std::size_t bytes = 0;
+    std::size_t bytes = 0;        ///< of the file
     std::size_t swappedTrace = 0; ///< bytes of a trace, if the file is big-endian
 };
 
 /// Calls `take` with the bytes of every whole trace in turn; the file is never held as a whole. All
 /// traces have the first one's number of samples and interval.
 template <typename Take>
-FileSize readThrough(QFile &file, Take take)
+SizesFound readThrough(QFile &file, Take take)
 {
     QByteArray trace;
-    FileSize size;
+    SizesFound size;
     size.bytes = readOn(file, trace, headerSize);
     size.swappedTrace = traceSize(numberAt<quint16>(trace, sampleCountOffset, QSysInfo::BigEndian));
     reader.intervalMilliseconds = numberAt<quint16>(trace, sampleIntervalOffset) / 1000.0;
     reader.sampleCount = numberAt<quint16>(trace, sampleCountOffset);
+    // Not read on: behind a read that failed the next may succeed.
+    if (size.bytes < headerSize)
+        return size;
 
     const std::size_t whole = traceSize(reader.sampleCount);
     size.bytes += readOn(file, trace, whole);
@@ -133,7 +136,7 @@ SuTrace readTrace(const QByteArray &bytes)
 }
 
 /// Tells what the size of the file says against the number of traces found in it.
-void tellSize(const FileSize &size, std::size_t traceCount, Problem &problem)
+void tellSize(const SizesFound &size, std::size_t traceCount, Problem &problem)
 {
     const std::size_t expected = traceSize(reader.sampleCount);
     if (size.bytes == 0)
@@ -163,12 +166,13 @@ void indexSuFile(std::string path, std::size_t &traceCount, std::vector<std::siz
     Problem untold;
     QFile file;
     traceOffsets.clear();
-    if (open(file, path, untold))
+    if (open(file, path, untold)) {
         readThrough(file, [&traceOffsets](const QByteArray &) {
             const std::size_t sampleSize = reader.sampleFormat == 3 ? 2 : 4;
             traceOffsets.push_back(traceOffsets.size()
                                    * (sampleSize * reader.sampleCount + headerSize));
         });
+    }
     traceCount = traceOffsets.size();
 }
 
@@ -184,7 +188,7 @@ void readSuFile(const std::string &path, std::vector<SuTrace> &traces, Problem &
     QFile file;
     if (!open(file, path, problem))
         return;
-    const FileSize size = readThrough(
+    const SizesFound size = readThrough(
         file, [&traces](const QByteArray &bytes) { traces.push_back(readTrace(bytes)); });
     if (file.error() != QFile::NoError)
         tell(problem, file.errorString().toStdString());

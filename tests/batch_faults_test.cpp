@@ -259,6 +259,13 @@ TEST(BatchFaults, DolangFilesThatAreNot)
     }
     const OlderOutputs folder;
     writeDolangSet(folder);
+    for (const std::string &channel : {byteOrderMark + "5\n", inUtf16("5\n"),
+                                       std::string("\xFE\xFF\0"
+                                                   "5",
+                                                   4)}) {
+        folder.write("L.A01", channel);
+        expectRefused(folder, {"dolang", "L"}, "L.A01:1: this text begins with a byte order mark");
+    }
     fs::remove(folder.path("L.A01"));
     fs::create_directory(folder.path("L.A01"));
     expectRefused(folder, {"dolang", "L"}, "L.A01: " + systemText(EISDIR));

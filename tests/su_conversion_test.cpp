@@ -20,9 +20,26 @@
 #include <iostream>
 #include <limits>
 #include <random>
+#include <sys/syscall.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
+
+namespace {
+
+int readsBeforeOneFails = -1; // as a disk does for a moment
+
+} // namespace
+
+/// Stands before the C library's, for Qt too.
+extern "C" ssize_t read(int file, void *to, std::size_t size)
+{
+    if (readsBeforeOneFails >= 0 && readsBeforeOneFails-- == 0) {
+        errno = EIO;
+        return -1;
+    }
+    return syscall(SYS_read, file, to, size);
+}
 
 namespace {
 
@@ -245,6 +262,25 @@ TEST(ReadSuFile, NothingIsLeftOfAFileReadBefore)
     EXPECT_EQ(traces[0].sampleInterval, 0.001);
     readSuFile(folder.path("missing.su"), traces);
     EXPECT_TRUE(traces.empty());
+}
+
+TEST(ReadSuFile, AReadThatFailsOnceEndsTheTraces)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.write("line.su", twoTraces);
+    // Before the first header, within the first trace, and before the second one.
+    const std::size_t expected[] = {0, 0, 1};
+    for (int before = 0; before < 3; ++before) {
+        SCOPED_TRACE(before);
+        std::vector<SuTrace> traces;
+        Problem problem;
+        CapturedStreams streams;
+        readsBeforeOneFails = before;
+        readSuFile(path, traces, problem);
+        EXPECT_EQ(std::exchange(readsBeforeOneFails, -1), -1);
+        EXPECT_EQ(traces.size(), expected[before]);
+        EXPECT_NE(problem.detail, "");
+    }
 }
 
 TEST(ReadSuFile, CoordinateScalar)
