@@ -43,7 +43,7 @@ std::string reserve(const std::filesystem::path &folder)
 {
     const std::string name = ".part-" + std::to_string(QCoreApplication::applicationPid()) + '-';
     for (int number = 0;; ++number) {
-        const std::string path = (folder / (name + std::to_string(number))).string();
+        std::string path = (folder / (name + std::to_string(number))).string();
         if (std::FILE *file = std::fopen(path.c_str(), "wx")) {
             std::fclose(file);
             return path;
@@ -68,7 +68,7 @@ std::string beginUnfinished(const std::filesystem::path &folder)
         sigaddset(&ending, signal);
     sigprocmask(SIG_BLOCK, &ending, &before);
 #endif
-    const std::string path = reserve(folder);
+    std::string path = reserve(folder);
     if (!path.empty()) {
         const auto index = static_cast<std::size_t>(unfinishedCount);
         std::strncpy(unfinished[index].data(), path.c_str(), longestPath - 1);

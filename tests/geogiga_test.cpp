@@ -473,13 +473,13 @@ TEST(Geogiga, AReceiverCountBeyondAllBounds)
 {
     const std::string rows = "1 0 1 1\n";
     const std::size_t most = oneShot("10000000", rows).size() + 10000000;
-    const Reading within = readText(oneShot(std::to_string(most).c_str(), rows));
+    const Reading within = readText(oneShot(std::to_string(most), rows));
     EXPECT_EQ(within.outcome, "0");
     ASSERT_EQ(sizesOf(within.survey), (Sizes{1, 1, 1}));
     EXPECT_EQ(within.survey.spreads[0].size(), most);
     EXPECT_EQ(within.survey.traveltimes[0].times.size(), most);
     for (const std::string &count : {std::to_string(most + 1), std::string("2147483647")}) {
-        const Reading beyond = readText(oneShot(count.c_str(), rows));
+        const Reading beyond = readText(oneShot(count, rows));
         EXPECT_EQ(beyond.outcome, "length_error") << count;
         EXPECT_EQ(sizesOf(beyond.survey), (Sizes{0, 0, 1})) << count;
     }

@@ -633,12 +633,13 @@ TEST(RequireHoldable, TenMillionValuesMoreThanBytes)
         {10000002, 1, "10000002 values asked for, of 1 byte"},
         {4294967295, 200, "4294967295 values asked for, of 200 bytes"},
     };
-    for (const auto &[values, bytes, detail] : cases) {
+    for (const auto &asked : cases) {
         Problem problem{"LINE.ADT", 6};
-        EXPECT_EQ(textOf<std::length_error>([&] { requireHoldable(values, bytes, problem); }),
-                  *detail == '\0' ? "no error" : "vector too long")
-            << values;
-        EXPECT_EQ(problem.detail, detail);
+        EXPECT_EQ(
+            textOf<std::length_error>([&] { requireHoldable(asked.values, asked.bytes, problem); }),
+            *asked.detail == '\0' ? "no error" : "vector too long")
+            << asked.values;
+        EXPECT_EQ(problem.detail, asked.detail);
         EXPECT_EQ(problem.line, 6U);
     }
 }
