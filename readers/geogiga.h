@@ -23,9 +23,9 @@
 /// Returns 1 when the file cannot be opened or a line has not its keyword; what was read before
 /// stays in `traveltimes` and `shots`. Throws std::out_of_range "invalid vector subscript" for a
 /// keyword without a value and for a block with more receivers than the first; "invalid stod
-/// argument" and "stod argument out of range" for the number of shots; std::length_error "vector too
-/// long" for a first block with a negative number of receivers, or with more than the file's bytes
-/// and ten million.
+/// argument" and "stod argument out of range" for the number of shots; std::length_error "vector
+/// too long" for a first block with a negative number of receivers, or with more than the file's
+/// bytes and ten million.
 std::int32_t readGeogigaTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, std::vector<Shot> &shots);
 std::int32_t readGeogigaTraveltimes(const std::string &path,

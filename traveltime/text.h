@@ -72,8 +72,8 @@ void splitLine(const std::string &line, std::vector<std::string> &fields,
 /// Throws std::out_of_range "invalid vector subscript" when there are fewer fields than `expected`.
 void requireFields(const std::vector<std::string> &fields, std::size_t expected, Problem &problem);
 
-/// Throws std::length_error "vector too long" when a file asks for more values than it could hold at
-/// one per byte, and ten million missing ones beside: a damaged count must not take all memory.
+/// Throws std::length_error "vector too long" when a file asks for more values than it could hold
+/// at one per byte, and ten million missing ones beside: a damaged count must not take all memory.
 /// `bytes` is the size of what was read for these values.
 void requireHoldable(std::uint64_t values, std::size_t bytes, Problem &problem);
 
