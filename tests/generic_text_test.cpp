@@ -298,6 +298,26 @@ TEST(GenericReader, MissingFileIsAnEmptyShot)
     EXPECT_TRUE(survey.traveltimes[0].times.empty());
 }
 
+TEST(GenericReader, MissingFileIsTold)
+{
+    const TemporaryFolder folder;
+    TraveltimeSurvey survey;
+    SpreadIndex index;
+    Problem problem;
+    readGenericTraveltimes(folder.path("missing.txt"), survey.traveltimes, survey.spreads, {}, 0,
+                           index, problem);
+    EXPECT_EQ(problem.detail, "the file cannot be opened");
+}
+
+TEST(GenericReader, FileWithoutReceiversIsRemarked)
+{
+    TraveltimeSurvey survey;
+    Problem problem;
+    EXPECT_EQ(readText("", survey, problem), "0");
+    EXPECT_EQ(problem.detail, "");
+    EXPECT_EQ(problem.remark, "there are no receivers in this file");
+}
+
 TEST(GenericReader, FolderIsAnEmptyShot)
 {
     const TemporaryFolder folder;
