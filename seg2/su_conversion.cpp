@@ -215,6 +215,7 @@ std::int32_t convertSuToSeg2(const std::string &path, const std::string &listing
     readSuFile(path, traces, problem);
 
     std::vector<ListingTrace> lines;
+    lines.reserve(traces.size());
     for (const SuTrace &trace : traces)
         lines.push_back({static_cast<std::uint32_t>(trace.samples.size()), 0, trace.sampleInterval,
                          trace.receiverX, 0.0, trace.receiverZ});
