@@ -124,6 +124,17 @@ TEST(WriteListing, HeadingAndALineForEachTrace)
     EXPECT_EQ(problem.detail, "");
 }
 
+TEST(WriteListing, ValuesAreZeroUntilGiven)
+{
+    const ListingTrace trace;
+    EXPECT_EQ(trace.sampleCount, 0U);
+    EXPECT_EQ(trace.delay, 0U);
+    EXPECT_EQ(trace.interval, 0.0);
+    EXPECT_EQ(trace.receiverX, 0.0);
+    EXPECT_EQ(trace.receiverY, 0.0);
+    EXPECT_EQ(trace.receiverZ, 0.0);
+}
+
 TEST(WriteListing, WithoutTracesTheHeadingAlone)
 {
     const TemporaryFolder folder;

@@ -40,6 +40,21 @@ TEST(SurveyModel, ValuesOfARecordStandInTheirOrder)
     EXPECT_EQ(shot.name, "shot1.txt");
 }
 
+TEST(SurveyModel, ValuesAreZeroUntilGiven)
+{
+    const ReceiverPosition receiver;
+    EXPECT_EQ(receiver.x, 0.0);
+    EXPECT_EQ(receiver.elevation, 0.0);
+    const Shot shot;
+    EXPECT_EQ(shot.x, 0.0);
+    EXPECT_EQ(shot.elevation, 0.0);
+    const ShotTraveltimes record;
+    EXPECT_EQ(record.spreadIndex, 0u);
+    EXPECT_EQ(record.shotIndex, 0u);
+    EXPECT_EQ(record.shotX, 0.0);
+    EXPECT_EQ(record.shotElevation, 0.0);
+}
+
 TEST(SameSpread, EqualPositionsInTheSameOrder)
 {
     EXPECT_TRUE(sameSpread(threeReceivers, Spread(threeReceivers)));
