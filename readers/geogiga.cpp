@@ -51,7 +51,8 @@ bool nextValue(const std::string &keyword, std::string &value, OpenFile &file, P
     return valueOf(keyword, value, file, problem);
 }
 
-/// The number of shots as the file writes it, decimals and all: cut to an integer, modulo 2^32.
+/// The number of shots as the file writes it, decimals and all: cut to an integer, modulo 2^32, so
+/// that -1 is 4294967295; 0 when it is infinite or not a number.
 std::uint32_t toShotCount(const std::string &text, Problem &problem)
 {
     try {

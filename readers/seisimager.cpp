@@ -47,6 +47,7 @@ std::int32_t readSeisImagerTraveltimes(const std::string &path,
     for (std::int32_t shotNumber = 0; shotNumber < shotCount; ++shotNumber) {
         readTwoFields(file, line, fields, problem);
         const double shotX = toDouble(fields[0]);
+        // -1 is 4294967295: the file ends before, with an error.
         const auto receiverCount = static_cast<std::uint32_t>(toInt(fields[1]));
         shots.push_back({shotX, 0.0, ""});
 

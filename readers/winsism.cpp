@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A heading with its line of numbers and its line of values.
+/// A heading with its line of numbers (integers modulo 2^32) and its line of values.
 struct Section
 {
     std::string heading;

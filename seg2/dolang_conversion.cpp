@@ -14,6 +14,7 @@
 
 namespace {
 
+/// Integers modulo 2^32: -1 is 4294967295.
 struct Header
 {
     std::uint32_t channelCount = 0;

@@ -136,6 +136,7 @@ std::string fileDescriptor(const Seg2File &file)
 void writeTraces(Seg2File &file, std::ostream &stream)
 {
     stream.seekp(0, std::ios::end);
+    // A stream that has failed, which has no position, takes nothing.
     auto written = static_cast<std::uint64_t>(std::streamoff(stream.tellp()));
     std::string bytes;
     const auto flush = [&] {

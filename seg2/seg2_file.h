@@ -90,7 +90,8 @@ void addTrace(Seg2File &file, const Seg2TraceHeader &header, std::vector<float> 
 /// the trace pointers into the record. Fields of 16 bits keep their value modulo 2^16: the size
 /// of the trace pointers from 16384 traces on, the number of traces from 65536 on. Room for the
 /// pointers is left for the number as kept, so that 65536 pointers overwrite the strings and the
-/// first traces. The stream's state tells whether all was written.
+/// first traces. Sizes and pointers of 32 bits are kept modulo 2^32 likewise. The stream's state
+/// tells whether all was written.
 ///
 /// Throws std::out_of_range "invalid vector subscript" for a trace with fewer samples, or a file
 /// with fewer trace pointers, than there must be.
