@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 namespace {
 
 /// Expects a failed conversion: `line` alone on the standard error stream, the older output as it
@@ -77,6 +79,7 @@ TEST(BatchRefusals, MissingInput)
     folder.write("here.txt", fileOf(genericLines));
     folder.write("here.vs", fileOf(seisImagerLines));
     std::filesystem::create_directory(folder.path("folder"));
+    std::filesystem::create_symlink("loop", folder.path("loop"));
     const std::vector<std::vector<std::string>> commands = {
         {"geogiga"},
         {"winsism"},
@@ -91,6 +94,8 @@ TEST(BatchRefusals, MissingInput)
         expectRefused(folder, command, "missing.txt: no such file");
         command.back() = "folder";
         expectRefused(folder, command, "folder: this is a folder");
+        command.back() = "loop";
+        expectRefused(folder, command, "loop: " + systemText(ELOOP));
     }
 }
 

@@ -592,6 +592,17 @@ TEST(Geogiga, ReceiverRows)
     }
 }
 
+TEST(Geogiga, RowsWithoutABlankTakeNoLonger)
+{
+    std::string rows;
+    for (int i = 0; i < 400000; ++i)
+        rows += "+1+2-3+4";
+    const Reading reading = readText(oneShot("400000", rows));
+    EXPECT_EQ(reading.outcome, "0");
+    ASSERT_EQ(sizesOf(reading.survey), (Sizes{1, 1, 1}));
+    EXPECT_EQ(reading.survey.traveltimes[0].times, Numbers(400000, -3.0));
+}
+
 TEST(Geogiga, RowValuesStartAtZeroInEveryBlock)
 {
     const Reading reading = readText(fileWith({{17, "abc"}}));
