@@ -3,6 +3,8 @@
 
 #include "batch/report.h"
 
+#include "traveltime/text.h"
+
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -38,6 +40,17 @@ std::string firstBytes(const std::string &path)
     if (std::filesystem::is_regular_file(path, ignored))
         std::ifstream(path, std::ios::binary).read(bytes.data(), 3);
     return bytes;
+}
+
+/// The size of a readable text's byte order mark; that of UTF-16 is a problem.
+std::size_t readMark(const std::string &path, Problem &problem)
+{
+    if (!isReadable(path, problem))
+        return 0;
+    const std::size_t mark = markSize(firstBytes(path));
+    if (mark == 2)
+        tell(problem, "this text is in UTF-16: save it as UTF-8");
+    return mark;
 }
 
 } // namespace
@@ -84,17 +97,13 @@ bool isReadable(const std::string &path, Problem &problem)
 
 bool isReadableText(const std::string &path, Problem &problem)
 {
-    if (!isReadable(path, problem))
-        return false;
-    const std::string bytes = firstBytes(path);
-    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
-        tell(problem, "this text is in UTF-16: save it as UTF-8");
+    readMark(path, problem);
     return problem.detail.empty();
 }
 
 bool isReadableFromItsStart(const std::string &path, Problem &problem)
 {
-    if (isReadableText(path, problem) && firstBytes(path) == "\xEF\xBB\xBF")
+    if (readMark(path, problem) == 3)
         tell(problem, "this text begins with a byte order mark: save it without one");
     return problem.detail.empty();
 }

@@ -47,8 +47,8 @@ bool readList(const std::string &path, std::vector<GenericShot> &shots, Problem 
 {
     const std::filesystem::path folder = std::filesystem::path(path).parent_path();
     TextFile file = loadText(path, problem);
-    if (file.text.starts_with("\xEF\xBB\xBF"))
-        file.position = 3; // a byte order mark
+    if (markSize(file.text) == 3)
+        file.position = 3;
     std::string line;
     while (problem.detail.empty() && nextLine(file, line, problem)) {
         const std::size_t nameEnd = line.find(';');

@@ -85,8 +85,7 @@ bool readChannels(const std::string &basePath, const DolangKind &kind, const Hea
         TextFile file = load(path, basePath + kind.headerExtension, problem);
         if (!file.isOpen)
             return false;
-        if (file.text.starts_with("\xEF\xBB\xBF") || file.text.starts_with("\xFF\xFE")
-            || file.text.starts_with("\xFE\xFF"))
+        if (markSize(file.text) != 0)
             problem = {path, 1, "this text begins with a byte order mark", problem.remark};
         bytes += file.text.size();
         requireHoldable(samples.size() + std::uint64_t{header.samplesPerChannel}, bytes, problem);

@@ -235,6 +235,13 @@ std::ifstream openText(const std::string &path)
     return stream;
 }
 
+std::size_t markSize(const std::string &text)
+{
+    if (text.starts_with("\xEF\xBB\xBF"))
+        return 3;
+    return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") ? 2 : 0;
+}
+
 TextFile loadText(const std::string &path, Problem &problem)
 {
     clearVectorRegisters();

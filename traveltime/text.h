@@ -58,6 +58,10 @@ struct TextFile
     bool failed = false; ///< what was to be read was not there: nothing more is read
 };
 
+/// The bytes of the byte order mark that `text` begins with: 3 in UTF-8, 2 in UTF-16, 0 without
+/// one.
+std::size_t markSize(const std::string &text);
+
 /// A file that cannot be read to its end is told in `problem` and ends with the last whole line.
 TextFile loadText(const std::string &path, Problem &problem);
 
