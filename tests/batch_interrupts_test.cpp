@@ -3,6 +3,7 @@
 
 #include "tests/support/batch_command.h"
 #include "tests/support/convertible_files.h"
+#include "tests/support/faults.h"
 #include "tests/support/odd_files.h"
 #include "tests/support/small_surveys.h"
 
@@ -10,7 +11,6 @@
 
 #include <chrono>
 #include <csignal>
-#include <fcntl.h>
 #include <map>
 #include <random>
 #include <sys/stat.h>
@@ -26,17 +26,6 @@ std::string manyReceiversOtte(std::size_t count)
 }
 
 constexpr int longLine = 200000; // receivers, so that writing them takes a while
-
-/// Opens a pipe as soon as the command reads from it.
-int openForWriting(const std::string &path)
-{
-    int pipe = -1;
-    EXPECT_TRUE(waitUntil([&] {
-        pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK);
-        return pipe >= 0;
-    }));
-    return pipe;
-}
 
 /// Runs the command 50 times to find every one of `outputs`, older or newer, whole, and ends it at
 /// some moment of its run.
@@ -87,7 +76,8 @@ TEST(BatchInterrupts, WhileReading)
         const std::vector<std::string> before = survey.names();
         QProcess process;
         survey.start(process, convert("pipe", "line.otte"));
-        const int pipe = openForWriting(survey.path("pipe"));
+        const int pipe = openReadPipe(survey.path("pipe"));
+        ASSERT_GE(pipe, 0);
         EXPECT_EQ(write(pipe, "0;100;0.001\n", 12), 12);
         sendSignal(process, signal);
         EXPECT_EQ(finish(process), BatchRun{-signal});
@@ -107,7 +97,8 @@ TEST(BatchInterrupts, IgnoredSignalsStayIgnored)
             signal(ignored, SIG_IGN);
     });
     survey.start(process, convert("pipe", "line.otte"));
-    const int pipe = openForWriting(survey.path("pipe"));
+    const int pipe = openReadPipe(survey.path("pipe"));
+    ASSERT_GE(pipe, 0);
     sendSignal(process, SIGINT);
     sendSignal(process, SIGHUP);
     const std::string text = fileOf(genericLines);

@@ -34,18 +34,6 @@ unsigned useCapabilities(unsigned taken, unsigned given)
     return before;
 }
 
-/// Opens a pipe for writing as soon as it is read, for a minute at most.
-int openReadPipe(const std::string &path)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
-    int pipe = -1;
-    while (pipe < 0 && std::chrono::steady_clock::now() < end) {
-        pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK);
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return pipe;
-}
-
 void feed(const std::string &path, const std::string &text)
 {
     const int pipe = openReadPipe(path);
@@ -60,6 +48,17 @@ void feed(const std::string &path, const std::string &text)
 }
 
 } // namespace
+
+int openReadPipe(const std::string &path)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    int pipe = -1;
+    while (pipe < 0 && std::chrono::steady_clock::now() < end) {
+        pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return pipe;
+}
 
 void asOrdinaryUser()
 {

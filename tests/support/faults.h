@@ -31,6 +31,10 @@ private:
 /// that one where devices cannot be made, which is where it cannot be harmed.
 std::string memoryDevice(const TemporaryFolder &folder, unsigned minor, const std::string &inDev);
 
+/// Opens a pipe for writing, without blocking, as soon as it is read. Less than 0 when nobody reads
+/// it within a minute.
+int openReadPipe(const std::string &path);
+
 /// A named pipe that a writer feeds with a text, as soon as somebody reads it, and closes.
 class FedPipe
 {
