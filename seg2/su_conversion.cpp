@@ -3,6 +3,7 @@
 
 #include "seg2/su_conversion.h"
 
+#include "seg2/huge_pages.h"
 #include "seg2/listing.h"
 #include "traveltime/text.h"
 
@@ -188,8 +189,10 @@ void readSuFile(const std::string &path, std::vector<SuTrace> &traces, Problem &
     QFile file;
     if (!open(file, path, problem))
         return;
-    const SizesFound size = readThrough(
-        file, [&traces](const QByteArray &bytes) { traces.push_back(readTrace(bytes)); });
+    const SizesFound size = readThrough(file, [&traces](const QByteArray &bytes) {
+        useHugePages();
+        traces.push_back(readTrace(bytes));
+    });
     if (file.error() != QFile::NoError)
         tell(problem, file.errorString().toStdString());
     tellSize(size, traces.size(), problem);

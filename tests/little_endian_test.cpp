@@ -42,15 +42,6 @@ TEST(LittleEndian, LeastSignificantByteOfThirtyTwoBitsComesFirst)
     EXPECT_EQ(bytes, bytesOf({0xEF, 0xCD, 0xAB, 0x89, 0x01, 0x00, 0x00, 0x00}));
 }
 
-TEST(LittleEndian, StoringTouchesTheBytesOfTheNumberAlone)
-{
-    std::array<char, 10> bytes;
-    bytes.fill('#');
-    storeLittle64(bytes.data() + 1, 0x0123456789ABCDEF);
-    EXPECT_EQ(std::string(bytes.data(), bytes.size()),
-              bytesOf({'#', 0xEF, 0xCD, 0xAB, 0x89, 0x67, 0x45, 0x23, 0x01, '#'}));
-}
-
 TEST(LittleEndian, AppendingKeepsWhatStandsInFront)
 {
     std::string bytes = "AB";
