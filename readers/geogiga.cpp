@@ -111,21 +111,21 @@ bool isWhiteSpace(char character)
 /// it may stop before: "12.5" is then 12, and ".5" comes next.
 std::size_t endOfNumber(const std::string &text, std::size_t at)
 {
-    const auto skipOne = [&](std::string_view characters) {
-        const bool found = at < text.size() && characters.find(text[at]) != std::string_view::npos;
-        at += found ? 1 : 0;
-        return found;
-    };
+    const auto isAt = [&](char character) { return at < text.size() && text[at] == character; };
     const auto skipDigits = [&] {
         while (at < text.size() && text[at] >= '0' && text[at] <= '9')
             ++at;
     };
-    skipOne("+-");
+    if (isAt('+') || isAt('-'))
+        ++at;
     skipDigits();
-    skipOne(".");
+    if (isAt('.'))
+        ++at;
     skipDigits();
-    if (skipOne("eE")) {
-        skipOne("+-");
+    if (isAt('e') || isAt('E')) {
+        ++at;
+        if (isAt('+') || isAt('-'))
+            ++at;
         skipDigits();
     }
     return at;

@@ -15,11 +15,10 @@
 template <typename Sample>
 void appendLittleSamples(std::string &bytes, const Sample *samples, std::size_t count)
 {
-    if (count == 0)
-        return; // `samples` may be null
     const std::size_t before = bytes.size();
-    bytes.resize(before + count * sizeof(Sample));
-    qToLittleEndian<Sample>(samples, static_cast<qsizetype>(count), bytes.data() + before);
+    bytes.append(reinterpret_cast<const char *>(samples), count * sizeof(Sample));
+    char *const appended = bytes.data() + before;
+    qToLittleEndian<Sample>(appended, static_cast<qsizetype>(count), appended);
 }
 
 inline void appendLittle16(std::string &bytes, std::uint16_t value)

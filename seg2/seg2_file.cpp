@@ -49,9 +49,12 @@ std::string stringList(const Strings &strings, const Seg2File &file, std::uint64
     const int terminator = file.stringTerminatorSize == 1 ? first : first + second;
     std::string bytes;
     const auto append = [&bytes, terminator](const std::string &key, const std::string &value) {
-        const std::string text = key + ' ' + value + static_cast<char>(terminator);
-        appendLittle16(bytes, static_cast<std::uint16_t>(text.size() + 2)); // counts itself
-        bytes += text;
+        const std::size_t size = 2 + key.size() + 1 + value.size() + 1; // counts itself
+        appendLittle16(bytes, static_cast<std::uint16_t>(size));
+        bytes += key;
+        bytes += ' ';
+        bytes += value;
+        bytes += static_cast<char>(terminator);
     };
     for (const auto &[key, value] : strings) {
         if (key != "NOTE")
@@ -66,30 +69,28 @@ std::string stringList(const Strings &strings, const Seg2File &file, std::uint64
 }
 
 template <typename Sample>
-std::string dataBlock(const std::vector<Sample> &samples, std::size_t count)
+void appendData(std::string &bytes, const std::vector<Sample> &samples, std::size_t count)
 {
     if (samples.size() < count)
         throw std::out_of_range("invalid vector subscript");
-    std::string bytes;
     appendLittleSamples(bytes, samples.data(), count);
-    return bytes;
 }
 
-std::string dataBlock(const Seg2Trace &trace)
+void appendData(std::string &bytes, const Seg2Trace &trace)
 {
     switch (trace.formatCode) {
     case 1:
-        return dataBlock(trace.int16Samples, trace.sampleCount);
+        return appendData(bytes, trace.int16Samples, trace.sampleCount);
     case 2:
-        return dataBlock(trace.int32Samples, trace.sampleCount);
+        return appendData(bytes, trace.int32Samples, trace.sampleCount);
     case 3:
-        return dataBlock(trace.packedSamples, trace.packedByteCount);
+        return appendData(bytes, trace.packedSamples, trace.packedByteCount);
     case 4:
-        return dataBlock(trace.floatSamples, trace.sampleCount);
+        return appendData(bytes, trace.floatSamples, trace.sampleCount);
     case 5:
-        return dataBlock(trace.doubleSamples, trace.sampleCount);
+        return appendData(bytes, trace.doubleSamples, trace.sampleCount);
     default:
-        return "";
+        return;
     }
 }
 
@@ -97,21 +98,22 @@ std::string dataBlock(const Seg2Trace &trace)
 void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start)
 {
     const std::string strings = stringList(trace.strings, file, start + descriptorFieldsSize);
-    const std::string data = dataBlock(trace);
-    const std::size_t descriptorSize = descriptorFieldsSize + strings.size();
-    trace.descriptorSize = static_cast<std::uint16_t>(descriptorSize);
-    // Counted from where the kept descriptor size says that the data begin.
-    trace.dataSize =
-        static_cast<std::uint32_t>(descriptorSize + data.size() - trace.descriptorSize);
+    trace.descriptorSize = static_cast<std::uint16_t>(descriptorFieldsSize + strings.size());
 
+    const std::size_t begin = bytes.size();
     appendLittle16(bytes, trace.blockId);
     appendLittle16(bytes, trace.descriptorSize);
-    appendLittle32(bytes, trace.dataSize);
+    const std::size_t dataSizePosition = bytes.size();
+    appendLittle32(bytes, trace.dataSize); // known later
     appendLittle32(bytes, trace.sampleCount);
     appendLittleSamples(bytes, &trace.formatCode, 1);
     bytes.append(trace.reserved.data(), trace.reserved.size());
     bytes += strings;
-    bytes += data;
+    appendData(bytes, trace);
+
+    // Counted from where the kept descriptor size says that the data begin.
+    trace.dataSize = static_cast<std::uint32_t>(bytes.size() - begin - trace.descriptorSize);
+    qToLittleEndian(trace.dataSize, bytes.data() + dataSizePosition);
 }
 
 std::string fileDescriptor(const Seg2File &file)
@@ -139,15 +141,19 @@ void writeTraces(Seg2File &file, std::ostream &stream)
     // A stream that has failed, which has no position, takes nothing.
     auto written = static_cast<std::uint64_t>(std::streamoff(stream.tellp()));
     std::string bytes;
+    std::size_t wholeTraces = 0; // bytes
     const auto flush = [&] {
+        bytes.resize(wholeTraces);
         stream << bytes;
-        written += bytes.size();
+        written += wholeTraces;
         bytes.clear();
+        wholeTraces = 0;
     };
     try {
         for (std::size_t i = 0; i < file.traces.size(); ++i) {
             const std::uint64_t start = written + bytes.size();
             appendTrace(bytes, file.traces[i], file, start);
+            wholeTraces = bytes.size();
             if (i >= file.tracePointers.size())
                 throw std::out_of_range("invalid vector subscript");
             file.tracePointers[i] = static_cast<std::uint32_t>(start);
@@ -177,14 +183,13 @@ Seg2Trace buildTrace(const Seg2TraceHeader &header, std::vector<float> samples)
     Seg2Trace trace;
     trace.sampleCount = header.sampleCount;
     trace.dataSize = header.sampleCount * 4;
-    trace.strings = {
-        {"DELAY", number(header.delay)},
-        {"DESCALING_FACTOR", number(header.descalingFactor)},
-        {"RECEIVER_LOCATION", location(header.receiverX, header.receiverY, header.receiverZ)},
-        {"SAMPLE_INTERVAL", number(header.sampleInterval)},
-        {"STACK", std::to_string(header.stackCount)},
-        {"SOURCE_LOCATION", location(header.sourceX, header.sourceY, header.sourceZ)},
-    };
+    trace.strings["DELAY"] = number(header.delay);
+    trace.strings["DESCALING_FACTOR"] = number(header.descalingFactor);
+    trace.strings["RECEIVER_LOCATION"] =
+        location(header.receiverX, header.receiverY, header.receiverZ);
+    trace.strings["SAMPLE_INTERVAL"] = number(header.sampleInterval);
+    trace.strings["STACK"] = std::to_string(header.stackCount);
+    trace.strings["SOURCE_LOCATION"] = location(header.sourceX, header.sourceY, header.sourceZ);
     trace.floatSamples = std::move(samples);
     return trace;
 }

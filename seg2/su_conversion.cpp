@@ -40,6 +40,13 @@ struct ReaderState
 
 ReaderState reader;
 
+template <typename Number>
+Number numberFrom(const char *bytes, QSysInfo::Endian byteOrder = reader.byteOrder)
+{
+    return byteOrder == QSysInfo::LittleEndian ? qFromLittleEndian<Number>(bytes)
+                                               : qFromBigEndian<Number>(bytes);
+}
+
 /// The number at an offset; 0 when the file ends before it does.
 template <typename Number>
 Number numberAt(const QByteArray &bytes, std::size_t offset,
@@ -47,9 +54,7 @@ Number numberAt(const QByteArray &bytes, std::size_t offset,
 {
     if (offset + sizeof(Number) > static_cast<std::size_t>(bytes.size()))
         return 0;
-    const char *from = bytes.constData() + offset;
-    return byteOrder == QSysInfo::LittleEndian ? qFromLittleEndian<Number>(from)
-                                               : qFromBigEndian<Number>(from);
+    return numberFrom<Number>(bytes.constData() + offset, byteOrder);
 }
 
 std::size_t traceSize(std::uint32_t sampleCount)
@@ -131,8 +136,9 @@ SuTrace readTrace(const QByteArray &bytes)
     trace.receiverX = coordinate(receiverXOffset);
 
     trace.samples.resize(reader.sampleCount);
+    const char *const samples = bytes.constData() + headerSize;
     for (std::size_t i = 0; i + 1 < trace.samples.size(); ++i)
-        trace.samples[i] = numberAt<float>(bytes, headerSize + 4 * i);
+        trace.samples[i] = numberFrom<float>(samples + 4 * i);
     return trace;
 }
 
