@@ -711,6 +711,55 @@ TEST(WriteSeg2, TooFewSamplesOrPointersAreRefused)
     EXPECT_EQ(messageOf(noPointer), "invalid vector subscript");
 }
 
+TEST(WriteSeg2, TracesBeforeTheOneThatIsRefusedStay)
+{
+    Seg2Trace trace;
+    trace.sampleCount = 1;
+    trace.floatSamples = {1.5F};
+    Seg2File file;
+    append(file, trace);
+    trace.sampleCount = 2;
+    append(file, trace);
+    std::stringstream stream(std::ios::in | std::ios::out | std::ios::binary);
+    EXPECT_THROW(write(file, stream), std::out_of_range);
+    // No pointer is written.
+    const std::string firstTrace = bytes("55 3A 00 00 08 00 02 00 01 00 20 01 0A 20"
+                                         "'                  '"
+                                         "00 00 00 00 00 00 00 00 00 00 '  '"
+                                         "22 44 24 00 04 00 00 00 01 00 00 00 04")
+                                   + reserved19 + bytes("00 00 '  ' 00 00 C0 3F");
+    EXPECT_EQ(stream.str(), firstTrace);
+}
+
+TEST(WriteSeg2, TraceWithoutAPointerIsWrittenBeforeItIsRefused)
+{
+    Seg2File file;
+    append(file, Seg2Trace());
+    file.tracePointers.clear();
+    std::stringstream stream(std::ios::in | std::ios::out | std::ios::binary);
+    EXPECT_THROW(write(file, stream), std::out_of_range);
+    EXPECT_EQ(stream.str(), bytes("55 3A 00 00 04 00 01 00 01 00 20 01 0A 20"
+                                  "'                  ' 00 00 00 00 00 00 '  '"
+                                  "22 44 24 00 00 00 00 00 00 00 00 00 04")
+                                + reserved19 + bytes("00 00 '  '"));
+}
+
+TEST(WriteSeg2, TracesOfMoreThanAMegabyteFollowEachOther)
+{
+    Seg2Trace trace;
+    trace.sampleCount = 300000;
+    trace.floatSamples.assign(300000, 1.5F);
+    Seg2File file;
+    append(file, trace);
+    append(file, trace);
+    const std::string result = written(file);
+    // 44 bytes, then 36 and 1,200,000 for each trace.
+    EXPECT_EQ(result.substr(32, 8), bytes("2C 00 00 00 D0 4F 12 00")); // 44 and 1200080
+    ASSERT_EQ(result.size(), 2400116U);
+    EXPECT_EQ(result.substr(1200076, 8), bytes("00 00 C0 3F 22 44 24 00"));
+    EXPECT_EQ(result.substr(2400112), bytes("00 00 C0 3F"));
+}
+
 // The parser that the other tests trust.
 
 TEST(Seg2Parser, ReadsWhatAFileHolds)
