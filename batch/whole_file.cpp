@@ -36,16 +36,20 @@ extern "C" void removeUnfinished(int signal)
     std::raise(signal);
 }
 
-/// Makes an empty file of a short name in the folder, so that the longest name that the system
-/// takes can be written beside it, and of a name that no other run has. Empty when the system
-/// refuses.
+/// A path in the folder at which the system lets a new file be made: a short name, so that the
+/// longest name that the system takes can be written beside it, and one that no other run has.
+/// Empty when the system refuses.
 std::string reserve(const std::filesystem::path &folder)
 {
+    static int number = 0;
     const std::string name = ".part-" + std::to_string(QCoreApplication::applicationPid()) + '-';
-    for (int number = 0;; ++number) {
-        std::string path = (folder / (name + std::to_string(number))).string();
+    for (;;) {
+        std::string path = (folder / (name + std::to_string(number++))).string();
         if (std::FILE *file = std::fopen(path.c_str(), "wx")) {
             std::fclose(file);
+            // A file that is there and is opened for writing is cut to nothing, and ext4 sends what
+            // such a file then gets to the disk before it is closed.
+            std::remove(path.c_str());
             return path;
         }
         if (errno != EEXIST)

@@ -11,16 +11,42 @@
 #include <unistd.h>
 #endif
 
+#if defined(__GLIBC__) && defined(MADV_HUGEPAGE)
+
+namespace {
+
+bool growsInSteps = false;
+char *knownEnd = nullptr; // of the heap
+
+/// Bytes that the heap grows by at least, and from which on memory is not taken from it; false when
+/// the C library has no such setting.
+bool setHeap(int step, int mappedFrom)
+{
+    return mallopt(M_MMAP_THRESHOLD, mappedFrom) == 1 && mallopt(M_TOP_PAD, step) == 1;
+}
+
+} // namespace
+
 void useHugePages()
 {
-#ifdef __GLIBC__
-    // Long traces come from the heap too, and the heap grows by many huge pages at once.
-    static const bool isSet =
-        mallopt(M_MMAP_THRESHOLD, 32 << 20) == 1 && mallopt(M_TOP_PAD, 64 << 20) == 1;
-    static char *lastEnd = static_cast<char *>(sbrk(0));
     char *const end = static_cast<char *>(sbrk(0));
-    if (isSet && end > lastEnd)
-        madvise(lastEnd, static_cast<std::size_t>(end - lastEnd), MADV_HUGEPAGE);
-    lastEnd = end;
-#endif
+    if (!growsInSteps)
+        growsInSteps = setHeap(16 << 20, 32 << 20);
+    else if (end > knownEnd)
+        madvise(knownEnd, static_cast<std::size_t>(end - knownEnd), MADV_HUGEPAGE);
+    knownEnd = end;
 }
+
+void giveMemoryBack()
+{
+    setHeap(128 << 10, 128 << 10);
+    growsInSteps = false;
+    malloc_trim(0);
+}
+
+#else
+
+void useHugePages() { }
+void giveMemoryBack() { }
+
+#endif

@@ -163,9 +163,10 @@ bool convertListing(const std::string &listingPath, const std::string &seg2Path,
         readTraces(listing, *sourceX, samples, isPrinted, file);
         write(file, stream);
         stream.close();
-        if (!stream)
+        if (stream)
+            remarkLimits(file, problem);
+        else
             tellSystemError(problem, seg2Path);
-        remarkLimits(file, problem);
     } catch (const std::exception &error) {
         std::cerr << "EXCEPTION!\n";
         if (problem.detail.empty())

@@ -14,6 +14,7 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QScopeGuard>
 #include <QString>
 #include <QSysInfo>
 #include <QtEndian>
@@ -220,6 +221,7 @@ std::int32_t convertSuToSeg2(const std::string &path, const std::string &listing
                              const std::string &seg2Path, Problem &problem)
 {
     problem = {path};
+    const auto whenTracesAreGone = qScopeGuard(giveMemoryBack);
     std::vector<SuTrace> traces;
     readSuFile(path, traces, problem);
 

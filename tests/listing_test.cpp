@@ -374,16 +374,17 @@ TEST(ConvertListing, ReplacesAnOlderSeg2File)
 TEST(ConvertListing, Seg2FileThatCannotBeCreatedIsToldInTheProblemAlone)
 {
     const TemporaryFolder folder;
-    folder.write("line_tmp", heading + "1 1 0 1 0 0 0\n");
+    folder.write("line_tmp", heading + "1 1 0 1 0 0 0\n2 1 0 1 0 0 0\n");
     Problem problem;
     CapturedStreams streams;
     EXPECT_TRUE(
         convertListing(folder.path("line_tmp"), folder.path(""), 0.0, eightSamples, problem));
     streams.finish();
     EXPECT_EQ(streams.error, "");
-    EXPECT_EQ(streams.output, "TraceINDEX : 0\n0\n");
+    EXPECT_EQ(streams.output, "TraceINDEX : 0\n0\nTraceINDEX : 1\n10\n");
     EXPECT_EQ(problem.file, folder.path(""));
     EXPECT_EQ(problem.detail, std::generic_category().message(EISDIR));
+    EXPECT_EQ(problem.remark, "");
 }
 
 TEST(ConvertListing, FullDiskIsToldInTheProblemAlone)
