@@ -44,7 +44,7 @@ void takeMemory(std::size_t traceCount)
         useHugePages();
         traces.emplace_back(10'000'000 / traceCount);
     }
-    EXPECT_GE(hugeHeap(), 76U * 1024) << traceCount << " traces";
+    EXPECT_GE(hugeHeap(), 80U * 1024) << traceCount << " traces";
 }
 
 /// Kilobytes of memory that the process holds.
