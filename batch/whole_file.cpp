@@ -57,7 +57,7 @@ std::string reserve(const std::filesystem::path &folder)
     }
 }
 
-/// Reserves a file and sees to its removal by the signals, which wait until both are done.
+/// Reserves a path and sees to its removal by the signals, which wait until both are done.
 std::string beginUnfinished(const std::filesystem::path &folder)
 {
     for (const int signal : endingSignals)

@@ -11,6 +11,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include <QtEndian>
+
 namespace {
 
 using Strings = std::map<std::string, std::string>;

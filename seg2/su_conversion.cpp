@@ -120,6 +120,7 @@ SizesFound readThrough(QFile &file, Take take)
     return size;
 }
 
+/// The trace that `bytes`, its header and all of its samples, hold.
 SuTrace readTrace(const QByteArray &bytes)
 {
     reader.sampleFormat = 5;
