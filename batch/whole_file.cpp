@@ -36,20 +36,16 @@ extern "C" void removeUnfinished(int signal)
     std::raise(signal);
 }
 
-/// A path in the folder at which the system lets a new file be made: a short name, so that the
-/// longest name that the system takes can be written beside it, and one that no other run has.
-/// Empty when the system refuses.
+/// Makes an empty file of a short name in the folder, so that the longest name that the system
+/// takes can be written beside it, and of a name that no other run has. Empty when the system
+/// refuses.
 std::string reserve(const std::filesystem::path &folder)
 {
-    static int number = 0;
     const std::string name = ".part-" + std::to_string(QCoreApplication::applicationPid()) + '-';
-    for (;;) {
-        std::string path = (folder / (name + std::to_string(number++))).string();
+    for (int number = 0;; ++number) {
+        std::string path = (folder / (name + std::to_string(number))).string();
         if (std::FILE *file = std::fopen(path.c_str(), "wx")) {
             std::fclose(file);
-            // A file that is there and is opened for writing is cut to nothing, and ext4 sends what
-            // such a file then gets to the disk before it is closed.
-            std::remove(path.c_str());
             return path;
         }
         if (errno != EEXIST)
@@ -57,7 +53,7 @@ std::string reserve(const std::filesystem::path &folder)
     }
 }
 
-/// Reserves a path and sees to its removal by the signals, which wait until both are done.
+/// Reserves a file and sees to its removal by the signals, which wait until both are done.
 std::string beginUnfinished(const std::filesystem::path &folder)
 {
     for (const int signal : endingSignals)

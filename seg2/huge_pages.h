@@ -12,5 +12,6 @@
 /// by since the last call, and has it grow by 16 MB at once, for long traces too.
 void useHugePages();
 
-/// Has the heap grow as it does by default, and gives all that is free in it back to the system.
+/// To be called when the traces are gone: has the heap grow by 128 KB again, and gives all that is
+/// free in it back to the system.
 void giveMemoryBack();

@@ -32,7 +32,8 @@ void indexSuFile(std::string path, std::size_t &traceCount, std::vector<std::siz
 
 /// Reads the traces of a Seismic Unix file; none when it cannot be opened. The last sample of a
 /// trace is not read and stays 0. A negative coordinate scalar divides -1 as integers do: -1 leaves
-/// the coordinates as they are, any other makes them 0.
+/// the coordinates as they are, any other makes them 0. Whoever reads many traces calls
+/// giveMemoryBack() when they are gone.
 void readSuFile(std::string path, std::vector<SuTrace> &traces);
 void readSuFile(const std::string &path, std::vector<SuTrace> &traces, Problem &problem);
 

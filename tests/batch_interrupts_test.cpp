@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <map>
@@ -106,6 +107,24 @@ TEST(BatchInterrupts, IgnoredSignalsStayIgnored)
     close(pipe);
     EXPECT_EQ(finish(process), BatchRun{});
     EXPECT_EQ(readFile(survey.path("line.otte")), genericOtte);
+}
+
+TEST(BatchInterrupts, NameOfAnUnfinishedOutputIsHeldWhileReading)
+{
+    // Another run, whose process in its container may have the same number, must not take it.
+    const GenericSurvey survey;
+    ASSERT_EQ(mkfifo(survey.path("pipe").c_str(), 0600), 0);
+    QProcess process;
+    survey.start(process, convert("pipe", "line.otte"));
+    const int pipe = openReadPipe(survey.path("pipe"));
+    ASSERT_GE(pipe, 0);
+    const std::vector<std::string> names = survey.names();
+    EXPECT_TRUE(std::any_of(names.begin(), names.end(),
+                            [](const std::string &name) { return name.starts_with(".part-"); }));
+    const std::string text = fileOf(genericLines);
+    EXPECT_EQ(write(pipe, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    close(pipe);
+    EXPECT_EQ(finish(process), BatchRun{});
 }
 
 TEST(BatchInterrupts, WhileWriting)
