@@ -14,21 +14,21 @@
 
 namespace {
 
-/// Remarks on the first file of several shots, when the shots of all are not numbered through.
+/// Remarks on the first file that has not one shot, when the shots of all are not numbered through.
 void remarkOnNumbers(const std::vector<std::string> &files,
                      const std::vector<std::size_t> &shotCounts, const TraveltimeSurvey &survey,
                      Report &report)
 {
+    const auto other = std::find_if(shotCounts.begin(), shotCounts.end(),
+                                    [](std::size_t count) { return count != 1; });
     for (std::size_t i = 0; i < survey.traveltimes.size(); ++i) {
         if (survey.traveltimes[i].shotIndex == i)
             continue;
-        const auto several = std::find_if(shotCounts.begin(), shotCounts.end(),
-                                          [](std::size_t count) { return count > 1; });
         remark(report, RemarkKind::numbering,
-               {files[static_cast<std::size_t>(several - shotCounts.begin())], 2},
-               counted(*several, "shot")
-                   + " in one of several files: the shots are not numbered through, and some "
-                     "records name another's shot");
+               {files[static_cast<std::size_t>(other - shotCounts.begin())], 2},
+               counted(*other, "shot")
+                   + " in one of several files: the shots are not numbered through, so that picks "
+                     "go to another shot");
         return;
     }
 }
