@@ -18,9 +18,6 @@
 #ifdef __APPLE__
 #include <xlocale.h>
 #endif
-#if defined(__x86_64__) && defined(__GNUC__)
-#include <immintrin.h>
-#endif
 
 namespace {
 
@@ -36,25 +33,6 @@ double parseDouble(const char *text, char **end)
 #else
     static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
     return strtod_l(text, end, classic);
-#endif
-}
-
-#if defined(__x86_64__) && defined(__GNUC__)
-__attribute__((target("avx"), noinline)) void clearUpperHalves()
-{
-    _mm256_zeroupper();
-}
-#endif
-
-/// Qt's hash of a string leaves the upper halves of the processor's vector registers in use, and
-/// from then on floating-point code built for every x86-64 machine, the standard library's too,
-/// waits for results that it does not need: reading a survey of many files took nearly twice as
-/// long. So each file begins with them cleared.
-void clearVectorRegisters()
-{
-#if defined(__x86_64__) && defined(__GNUC__)
-    if (__builtin_cpu_supports("avx"))
-        clearUpperHalves();
 #endif
 }
 
@@ -130,6 +108,45 @@ char *printQuickly(char *to, double value)
     }
     *to = '-';
     return layOut(to + (bits >> 63), digits, exponent);
+}
+
+/// The fewest digits that read back as `value`.
+std::string shortest(double value)
+{
+    std::array<char, 32> digits;
+    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
+}
+
+/// Whether `field`, white space around it aside, is a decimal number of this value.
+bool isWholly(const std::string &field, double value)
+{
+    constexpr char whiteSpace[] = " \t\n\v\f\r";
+    const std::size_t begin = field.find_first_not_of(whiteSpace);
+    if (begin == std::string::npos)
+        return false;
+    const char *first = field.data() + begin;
+    const char *const last = field.data() + field.find_last_not_of(whiteSpace) + 1;
+    first += *first == '+' && first + 1 != last && first[1] != '-' ? 1 : 0;
+    double number = 0.0;
+    const auto [end, error] = std::from_chars(first, last, number);
+    return error == std::errc() && end == last && std::isfinite(number) && number == value;
+}
+
+/// Values below `exactBelow` are printed closely enough, whatever they are.
+void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkKind kind,
+                      const char *noun, const char *unit, Report &report)
+{
+    if (std::abs(value) < exactBelow || !std::isfinite(value))
+        return;
+    std::string printed;
+    appendNumber(printed, value);
+    const double error = std::abs(toDouble(printed) - value);
+    if (error <= tolerance * 1.000001)
+        return;
+    remarkWorst(report, kind, error, [&] {
+        return std::string("a ") + noun + " of " + shortest(value) + ' ' + unit + " becomes "
+               + printed + ' ' + unit + ", as the output has six digits";
+    });
 }
 
 } // namespace
@@ -242,9 +259,9 @@ std::size_t markSize(const std::string &text)
     return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") ? 2 : 0;
 }
 
-TextFile loadText(const std::string &path, Problem &problem)
+TextFile loadText(const std::string &path, Report &report)
 {
-    clearVectorRegisters();
+    report.place = {path};
     TextFile file;
     std::ifstream stream = openText(path);
     file.isOpen = stream.good();
@@ -256,20 +273,20 @@ TextFile loadText(const std::string &path, Problem &problem)
     }
     if (stream.bad()) {
         file.text.resize(file.text.rfind('\n') + 1);
-        if (problem.detail.empty())
-            problem = {path, 0, "the file cannot be read to its end", problem.remark};
+        fail(report, "the file cannot be read to its end", Window::goesOn);
+    } else if (file.isOpen && file.text.empty()) {
+        fail(report, "the file is empty", Window::goesOn);
     }
     return file;
 }
 
-bool nextLine(TextFile &file, std::string &line, Problem &problem)
+bool nextLine(TextFile &file, std::string &line, Report &report)
 {
-    // When something failed before, the line of that failure is the one to name.
-    problem.line += file.failed ? 0 : 1;
     line.clear();
     file.failed = file.failed || file.position == file.text.size();
     if (file.failed)
         return false;
+    ++report.place.line;
     const std::size_t end = std::min(file.text.find('\n', file.position), file.text.size());
     line.assign(file.text, file.position, end - file.position);
     file.position = std::min(end + 1, file.text.size());
@@ -277,27 +294,123 @@ bool nextLine(TextFile &file, std::string &line, Problem &problem)
 }
 
 void splitLine(const std::string &line, std::vector<std::string> &fields,
-               const std::string &delimiters, Problem &problem)
+               const std::string &delimiters, Report &report)
 {
-    if (!line.empty() && line.find_first_not_of(delimiters) == std::string::npos)
-        tell(problem, "nothing but delimiters");
+    const std::size_t begin = line.find_first_not_of(delimiters);
+    if (begin == std::string::npos && !line.empty())
+        fail(report, "nothing but delimiters");
     tokenize(line, fields, delimiters);
+    if (begin != std::string::npos && begin > 0)
+        remark(report, RemarkKind::shiftedLine,
+               "the line begins with a delimiter: its second field is read as \"" + fields[1]
+                   + "\", the first of the line again");
 }
 
-void requireFields(const std::vector<std::string> &fields, std::size_t expected, Problem &problem)
+void requireFields(const std::vector<std::string> &fields, std::size_t expected, Report &report)
 {
     if (fields.size() >= expected)
         return;
-    tell(problem, counted(fields.size(), "field") + ", " + std::to_string(expected) + " expected");
+    fail(report, counted(fields.size(), "field") + ", " + std::to_string(expected) + " expected");
+    throwInvalidSubscript();
+}
+
+double readNumber(const std::string &field, Report &report)
+{
+    double number = 0.0;
+    const char *const last = field.data() + field.size();
+    const auto [end, error] = std::from_chars(field.data(), last, number);
+    if (error == std::errc() && end == last && std::isfinite(number))
+        return number;
+    number = toDouble(field);
+    remarkUnlessWhole(field, number, report);
+    return number;
+}
+
+std::int32_t readInteger(const std::string &field, Report &report)
+{
+    const std::int32_t number = toInt(field);
+    remarkUnlessWhole(field, number, report);
+    return number;
+}
+
+double readPosition(const std::string &field, Report &report)
+{
+    const double position = readNumber(field, report);
+    remarkOnPosition(position, report);
+    return position;
+}
+
+double readTime(const std::string &field, double perSecond, Report &report)
+{
+    const double time = readNumber(field, report) / perSecond;
+    remarkOnTime(time, report);
+    return time;
+}
+
+void remarkUnlessWhole(const std::string &field, double value, Report &report)
+{
+    if (isWholly(field, value))
+        return;
+    const std::size_t comma = field.find(',');
+    const bool isDecimalComma = comma != std::string::npos && comma + 1 < field.size()
+                                && field[comma + 1] >= '0' && field[comma + 1] <= '9';
+    remark(
+        report, RemarkKind::notANumber,
+        '"' + field + "\" is read as " + shortest(value)
+            + (isDecimalComma ? ": write a decimal point, no comma" : ": it is no plain number"));
+}
+
+void remarkOnPosition(double metres, Report &report)
+{
+    remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, "position", "m", report);
+}
+
+void remarkOnTime(double seconds, Report &report)
+{
+    const double milliseconds = seconds * 1000.0;
+    if (milliseconds < 0.0)
+        remark(report, RemarkKind::negativeTime,
+               "a time of " + shortest(milliseconds)
+                   + " ms goes into the output like any other, also where it means \"not picked\"");
+    remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "time", "ms", report);
+}
+
+Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,
+              const Report &report)
+{
+    Rest rest;
+    std::string line;
+    while (next(line)) {
+        if (line.find_first_not_of(meaningless) == std::string::npos)
+            continue;
+        if (++rest.lineCount == 1) {
+            rest.first = report.place;
+            rest.firstLine = line;
+        }
+    }
+    return rest;
+}
+
+void remarkOnRest(const Rest &rest, bool isSurvey, Report &report)
+{
+    if (rest.lineCount == 0)
+        return;
+    remark(report, RemarkKind::notRead, rest.first,
+           isSurvey ? "another survey begins here: only the first is read"
+                    : counted(rest.lineCount, "line") + " after the last shot: not read");
+}
+
+void throwInvalidSubscript()
+{
     throw std::out_of_range("invalid vector subscript");
 }
 
-void requireHoldable(std::uint64_t values, std::size_t bytes, Problem &problem)
+void requireHoldable(std::uint64_t values, std::size_t bytes, Report &report)
 {
     constexpr std::uint64_t mostMissing = 10'000'000;
     if (values <= bytes + mostMissing)
         return;
-    tell(problem, std::to_string(values) + " values asked for, of " + counted(bytes, "byte"));
+    fail(report, std::to_string(values) + " values asked for, of " + counted(bytes, "byte"));
     throw std::length_error("vector too long");
 }
 

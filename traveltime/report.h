@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+// How every conversion reports: it fails at most once, remarks on what the user should know, and
+// prints what the window writes to the standard error stream. None of it is written here: whoever
+// gave the report decides what is shown.
+
+/// Where something stands in the inputs.
+struct Place
+{
+    std::string file = {}; ///< as the caller named it
+    std::size_t line = 0;  ///< counted from 1; 0 where no line can be named
+
+    bool operator==(const Place &) const = default;
+};
+
+/// Why a conversion did not go well, and where.
+struct Failure
+{
+    Place place = {};
+    std::string text = {};
+
+    bool operator==(const Failure &) const = default;
+};
+
+enum class RemarkKind {
+    notANumber,      ///< a field that is used is not wholly a number
+    shiftedLine,     ///< a line begins with a delimiter, so that its fields shift
+    notRead,         ///< lines or bytes after what the file announces
+    noShots,         ///< one of several files
+    noReceivers,     ///< a shot
+    numbering,       ///< shots that are not numbered through
+    layout,          ///< receivers that stand elsewhere than the output says
+    negativeTime,    ///< -1 means "not picked" to pickers
+    units,           ///< velocities that the ground does not have
+    roundedPosition, ///< six digits do not hold it to a centimetre
+    roundedTime,     ///< nor to a microsecond
+    geometry,        ///< positions that become 0, a delay, elevations, several sources
+    samples,         ///< not finite, missing, or an interval that cannot be
+};
+
+/// What the user should know although the conversion goes well.
+struct Remark
+{
+    RemarkKind kind = {};
+    Place place = {};
+    std::string text = {};
+
+    bool operator==(const Remark &) const = default;
+};
+
+struct Report
+{
+    Place place = {}; ///< what is being read; a reader counts the lines in it
+    std::optional<Failure> failure = {};
+    std::vector<Remark> remarks = {};
+    /// How many there were of a kind for a file: of those, mostRemarks are kept.
+    std::map<std::pair<std::string, RemarkKind>, std::size_t> remarkCounts = {};
+    std::map<std::pair<std::string, RemarkKind>, double> worst = {}; ///< see remarkWorst()
+
+    // What the window sees of it, which is less: see finish().
+    std::int32_t result = 0;
+    std::exception_ptr error = {};
+    std::string printed = {}; ///< lines for the standard error stream
+};
+
+inline constexpr std::size_t mostRemarks = 10;
+
+/// Whether the window, too, ends a conversion there. It goes on after an input that breaks off, for
+/// example, and shows "Conversion done".
+enum class Window {
+    stops,
+    goesOn
+};
+
+/// Records a failure at report.place, unless something failed before, and returns false.
+bool fail(Report &report, const std::string &text, Window window = Window::stops);
+
+/// The same at another place.
+bool fail(Report &report, Place place, const std::string &text, Window window = Window::stops);
+
+/// The same for a file that the system refused to open or to write: its reason is in errno.
+bool failInSystem(Report &report, const std::string &path, Window window = Window::stops);
+
+/// Remarks on something at report.place.
+void remark(Report &report, RemarkKind kind, const std::string &text);
+
+/// The same at another place.
+void remark(Report &report, RemarkKind kind, Place place, const std::string &text);
+
+/// Remarks on something at report.place that is the worse the larger `size` is: of this kind only
+/// the worst is kept for a file, with the text that `text` makes of it.
+void remarkWorst(Report &report, RemarkKind kind, double size,
+                 const std::function<std::string()> &text);
+
+/// Prints a line; see Report::printed.
+void print(Report &report, const std::string &line);
+
+/// Runs `work`, whose errors become the report's failure: what failed with a detail before keeps
+/// it, followed by the error's text. Returns whether all went well.
+template <typename Work>
+bool attempt(Report &report, Work work);
+
+/// Ends a function that the window calls: writes report.printed to the standard error stream, then
+/// raises the report's error, if there is one, or returns report.result: 0, or 1 where the window
+/// stops.
+std::int32_t finish(const Report &report);
+
+/// Makes what an exception says the report's failure; to be called while it is handled.
+void failWithError(Report &report, const std::string &text);
+
+template <typename Work>
+bool attempt(Report &report, Work work)
+{
+    try {
+        work();
+    } catch (const std::exception &error) {
+        failWithError(report, error.what());
+    }
+    return !report.failure;
+}
