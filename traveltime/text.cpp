@@ -134,7 +134,7 @@ bool isWholly(const std::string &field, double value)
 
 /// Values below `exactBelow` are printed closely enough, whatever they are.
 void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkKind kind,
-                      const char *noun, const char *unit, Report &report)
+                      const std::string &where, const char *noun, const char *unit, Report &report)
 {
     if (std::abs(value) < exactBelow || !std::isfinite(value))
         return;
@@ -144,8 +144,8 @@ void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkK
     if (error <= tolerance * 1.000001)
         return;
     remarkWorst(report, kind, error, [&] {
-        return std::string("a ") + noun + " of " + shortest(value) + ' ' + unit + " becomes "
-               + printed + ' ' + unit + ", as the output has six digits";
+        return where + "a " + noun + " of " + shortest(value) + ' ' + unit + " becomes " + printed
+               + ' ' + unit + ", as the output has six digits";
     });
 }
 
@@ -360,9 +360,10 @@ void remarkUnlessWhole(const std::string &field, double value, Report &report)
             + (isDecimalComma ? ": write a decimal point, no comma" : ": it is no plain number"));
 }
 
-void remarkOnPosition(double metres, Report &report)
+void remarkOnPosition(double metres, Report &report, const std::string &where)
 {
-    remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, "position", "m", report);
+    remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, where, "position", "m",
+                     report);
 }
 
 void remarkOnTime(double seconds, Report &report)
@@ -372,7 +373,8 @@ void remarkOnTime(double seconds, Report &report)
         remark(report, RemarkKind::negativeTime,
                "a time of " + shortest(milliseconds)
                    + " ms goes into the output like any other, also where it means \"not picked\"");
-    remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "time", "ms", report);
+    remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "", "time", "ms",
+                     report);
 }
 
 Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,
