@@ -61,7 +61,7 @@ std::string reason(const std::string &field)
 
 /// Values below `exactBelow` are printed closely enough, whatever they are.
 void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkKind kind,
-                      const char *noun, const char *unit, Report &report)
+                      const std::string &where, const char *noun, const char *unit, Report &report)
 {
     if (std::abs(value) < exactBelow || !std::isfinite(value))
         return;
@@ -71,7 +71,7 @@ void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkK
     if (error <= tolerance * 1.000001)
         return;
     remarkWorst(report, kind, error, [&] {
-        return std::string("a ") + noun + " of " + shown(value) + ' ' + unit + " becomes " + printed
+        return where + "a " + noun + " of " + shown(value) + ' ' + unit + " becomes " + printed
                + ' ' + unit + ", as the output has six digits";
     });
 }
@@ -146,9 +146,10 @@ void remarkUnlessWhole(const std::string &field, double value, Report &report)
                '"' + quotable(field) + "\" is read as " + shown(value) + ": " + reason(field));
 }
 
-void remarkOnPosition(double metres, Report &report)
+void remarkOnPosition(double metres, Report &report, const std::string &where)
 {
-    remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, "position", "m", report);
+    remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, where, "position", "m",
+                     report);
 }
 
 void remarkOnTime(double seconds, Report &report)
@@ -161,7 +162,8 @@ void remarkOnTime(double seconds, Report &report)
                text
                    + " ms goes into the output like any other, also where it means \"not picked\"");
     }
-    remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "time", "ms", report);
+    remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "", "time", "ms",
+                     report);
 }
 
 Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,
