@@ -16,76 +16,100 @@ namespace {
 struct OpenFile
 {
     TextFile text;
-    std::string line;
-    std::vector<std::string> fields;
+    std::string line = {};
+    std::vector<std::string> fields = {};
+    std::string shotCount = {}; ///< as the file writes it
+    std::uint32_t shotsRead = 0;
 };
 
-void splitAt(const std::string &delimiters, OpenFile &file, Problem &problem)
+/// Where a file ends too early.
+std::string ending(const OpenFile &file)
 {
-    splitLine(file.line, file.fields, delimiters, problem);
+    return "the file ends"
+           + (file.shotCount.empty() ? ""
+                                     : " after " + std::to_string(file.shotsRead) + " of "
+                                           + file.shotCount + " shots");
 }
 
-bool startsWith(const std::string &keyword, const OpenFile &file, Problem &problem)
+void splitAt(const std::string &delimiters, OpenFile &file, Report &report)
+{
+    splitLine(file.line, file.fields, delimiters, report);
+}
+
+bool startsWith(const std::string &keyword, const OpenFile &file, Report &report)
 {
     if (!file.fields.empty() && file.fields.front() == keyword)
         return true;
     const bool hasReturn = !file.fields.empty() && file.fields.front() == keyword + '\r';
-    tell(problem, '"' + keyword + "\" expected" + (hasReturn ? ", then LF and not CR LF" : ""));
-    return false;
+    return fail(report, (file.text.failed ? ending(file) + ", where " : "") + '"' + keyword + '"'
+                            + (file.text.failed ? " is" : "") + " expected"
+                            + (hasReturn ? ", then LF and not CR LF" : ""));
 }
 
-/// Gives the value behind the keyword of the current line; false when it is not `keyword`.
-bool valueOf(const std::string &keyword, std::string &value, OpenFile &file, Problem &problem)
+/// Gives the value after the keyword of the current line; false when it is not `keyword`.
+bool valueOf(const std::string &keyword, std::string &value, OpenFile &file, Report &report)
 {
-    splitAt(":", file, problem);
-    if (!startsWith(keyword, file, problem))
+    splitAt(":", file, report);
+    if (!startsWith(keyword, file, report))
         return false;
-    requireFields(file.fields, 2, problem);
+    requireFields(file.fields, 2, report);
     value = file.fields[1];
     return true;
 }
 
-bool nextValue(const std::string &keyword, std::string &value, OpenFile &file, Problem &problem)
+bool nextValue(const std::string &keyword, std::string &value, OpenFile &file, Report &report)
 {
-    nextLine(file.text, file.line, problem);
-    return valueOf(keyword, value, file, problem);
+    nextLine(file.text, file.line, report);
+    return valueOf(keyword, value, file, report);
 }
 
 /// The number of shots as the file writes it, decimals and all: cut to an integer, modulo 2^32, so
 /// that -1 is 4294967295; 0 when it is infinite or not a number.
-std::uint32_t toShotCount(const std::string &text, Problem &problem)
+std::uint32_t toShotCount(const std::string &text, Report &report)
 {
     try {
-        const double count = std::fmod(toDoubleOrThrow(text), 4294967296.0);
-        return std::isfinite(count) ? static_cast<std::uint32_t>(static_cast<std::int64_t>(count))
-                                    : 0;
+        const double value = std::fmod(toDoubleOrThrow(text), 4294967296.0);
+        const std::uint32_t count =
+            std::isfinite(value) ? static_cast<std::uint32_t>(static_cast<std::int64_t>(value)) : 0;
+        remarkUnlessWhole(text, count, report);
+        return count;
     } catch (const std::logic_error &) {
-        tell(problem, "number of shots \"" + text + '"');
+        fail(report, "number of shots \"" + text + '"');
         throw;
     }
 }
 
-bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Problem &problem)
+/// `text` less the white space around it.
+std::string trimmed(const std::string &text)
+{
+    const std::size_t begin = text.find_first_not_of(" \t\r");
+    return begin == std::string::npos
+               ? ""
+               : text.substr(begin, text.find_last_not_of(" \t\r") + 1 - begin);
+}
+
+bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Report &report)
 {
     for (const char *keyword : {"TX_CURVE", "VERSION:"}) {
-        nextLine(file.text, file.line, problem);
-        splitAt(" ", file, problem);
-        if (!startsWith(keyword, file, problem))
+        nextLine(file.text, file.line, report);
+        splitAt(" ", file, report);
+        if (!startsWith(keyword, file, report))
             return false;
     }
 
     do {
-        nextLine(file.text, file.line, problem);
-        splitAt(":", file, problem);
+        nextLine(file.text, file.line, report);
+        splitAt(":", file, report);
     } while (!file.fields.empty() && file.fields.front() == "INFO");
 
     std::string value;
-    if (!valueOf("ELEVATION", value, file, problem))
+    if (!valueOf("ELEVATION", value, file, report))
         return false;
-    elevation = toDouble(value);
-    if (!nextValue("TOTAL_NUMBER_OF_SHOTS", value, file, problem))
+    elevation = readPosition(value, report);
+    if (!nextValue("TOTAL_NUMBER_OF_SHOTS", value, file, report))
         return false;
-    shotCount = toShotCount(value, problem);
+    shotCount = toShotCount(value, report);
+    file.shotCount = trimmed(value);
     return true;
 }
 
@@ -131,74 +155,214 @@ std::size_t endOfNumber(const std::string &text, std::size_t at)
     return at;
 }
 
-/// Extracts one number as `>>` does, counting the line ends in front of it: a word that begins with
-/// no number gives 0, the end of the file leaves `number` as it was, and after either nothing more
-/// is extracted.
+/// Remarks on a word from `begin` on of which only the start was read: what follows is read as the
+/// next number.
+void remarkOnWord(const std::string &text, std::size_t begin, double value, Report &report)
+{
+    const std::size_t end = text.find_first_of(" \t\n\v\f\r", begin);
+    remarkUnlessWhole(text.substr(begin, std::min(end, text.size()) - begin), value, report);
+}
+
+/// Extracts one number as `>>` does, counting the line ends before it: a word that begins with no
+/// number gives 0, the end of the file leaves `number` as it was, and after either nothing more is
+/// extracted and the position is that of what was not read.
 template <typename Number>
-void extract(TextFile &file, Number &number, Problem &problem)
+void extract(TextFile &file, Number &number, Report &report)
 {
     if (file.failed)
         return;
-    std::size_t begin = file.position;
-    for (; begin < file.text.size() && isWhiteSpace(file.text[begin]); ++begin)
-        problem.line += file.text[begin] == '\n' ? 1 : 0;
+    std::size_t lineEnds = 0;
+    for (; file.position < file.text.size() && isWhiteSpace(file.text[file.position]);
+         ++file.position)
+        lineEnds += file.text[file.position] == '\n' ? 1 : 0;
+    const std::size_t begin = file.position;
     file.failed = begin == file.text.size();
     if (file.failed)
         return;
+    report.place.line += lineEnds;
     const std::size_t end = std::max(endOfNumber(file.text, begin), begin + 1);
     const std::string_view word(&file.text[begin], end - begin);
     file.position = end;
-    if (parseQuickly(word, number))
-        return;
-    std::istringstream stream{std::string(word)};
-    stream >> number;
-    file.failed = stream.fail();
-    if (!stream.eof() && !stream.fail())
-        file.position = begin + static_cast<std::size_t>(stream.tellg());
+    if (!parseQuickly(word, number)) {
+        std::istringstream stream{std::string(word)};
+        stream >> number;
+        file.failed = stream.fail();
+        if (file.failed)
+            file.position = begin;
+        else if (!stream.eof())
+            file.position = begin + static_cast<std::size_t>(stream.tellg());
+        if (file.failed)
+            return;
+    }
+    if (file.position < file.text.size() && !isWhiteSpace(file.text[file.position]))
+        remarkOnWord(file.text, begin, static_cast<double>(number), report);
+}
+
+/// Fails, with the window going on, where a row is not four numbers.
+void failInRow(const OpenFile &file, const std::string &receiverCount, std::int32_t row,
+               Report &report)
+{
+    const std::string count = trimmed(receiverCount);
+    if (file.text.position == file.text.text.size())
+        fail(report, ending(file) + " and " + std::to_string(row) + " of " + count + " receivers",
+             Window::goesOn);
+    else
+        fail(report,
+             "receiver row " + std::to_string(row + 1) + " of " + count + " is not four numbers",
+             Window::goesOn);
 }
 
 /// Reads a block's rows: the positions overwrite the first entries of `receivers`, the times are
-/// appended to `times`. From a row on that holds something else than numbers, values stay as the
-/// row before left them.
-void readRows(TextFile &file, std::int32_t receiverCount, double elevation, Spread &receivers,
-              std::vector<double> &times, Problem &problem)
+/// appended to `times`. From a row on that has something other than numbers, values stay as the row
+/// before left them. Returns whether a receiver was elsewhere before.
+bool readRows(OpenFile &file, const std::string &receiverCount, double elevation, Spread &receivers,
+              std::vector<double> &times, Report &report)
 {
+    TextFile &text = file.text;
+    const std::int32_t count = toInt(receiverCount);
     std::uint32_t receiverNumber = 0;
     double x = 0.0;
     double time = 0.0;
     std::uint32_t unused = 0;
-    problem.line += file.failed ? 0 : 1;
-    for (std::int32_t i = 0; i < receiverCount; ++i) {
-        extract(file, receiverNumber, problem);
-        extract(file, x, problem);
-        extract(file, time, problem);
-        extract(file, unused, problem);
-        if (file.failed && problem.detail.empty())
-            tell(problem, "receiver row " + std::to_string(i + 1) + " of "
-                              + std::to_string(receiverCount) + " is not four numbers");
+    bool moved = false;
+    report.place.line += text.failed || text.position == text.text.size() ? 0 : 1;
+    for (std::int32_t i = 0; i < count; ++i) {
+        extract(text, receiverNumber, report);
+        extract(text, x, report);
+        extract(text, time, report);
+        extract(text, unused, report);
+        if (text.failed && !report.failure)
+            failInRow(file, receiverCount, i, report);
         if (static_cast<std::size_t>(i) >= receivers.size()) {
-            tell(problem, counted(static_cast<std::size_t>(receiverCount), "receiver") + " after "
-                              + std::to_string(receivers.size()) + " in the first shot");
-            throw std::out_of_range("invalid vector subscript");
+            fail(report, trimmed(receiverCount) + " receivers after "
+                             + std::to_string(receivers.size()) + " in the first shot");
+            throwInvalidSubscript();
         }
-        receivers[static_cast<std::size_t>(i)] = {x, elevation};
+        ReceiverPosition &receiver = receivers[static_cast<std::size_t>(i)];
+        moved = moved || receiver.x != x;
+        receiver = {x, elevation};
         times.push_back(time);
+        if (text.failed)
+            continue;
+        remarkOnPosition(x, report);
+        remarkOnTime(time, report);
     }
-    if (!file.failed)
-        --problem.line; // the rest of the last row's line is read, and counted, as a line
+    // The rest of the last row's line is read, and counted, as a line.
+    if (!text.failed && text.position < text.text.size())
+        --report.place.line;
+    return moved;
 }
 
 /// The working receiver list, as long as the first block with receivers says.
-void sizeOnce(Spread &receivers, std::int32_t receiverCount, std::size_t fileSize, Problem &problem)
+void sizeOnce(Spread &receivers, const std::string &receiverCount, std::size_t fileSize,
+              Report &report)
 {
-    if (!receivers.empty() || receiverCount == 0)
+    const std::int32_t count = toInt(receiverCount);
+    if (!receivers.empty() || count == 0)
         return;
-    if (receiverCount < 0) {
-        tell(problem, "number of receivers " + std::to_string(receiverCount));
+    if (count < 0) {
+        fail(report, "number of receivers " + trimmed(receiverCount));
         throw std::length_error("vector too long");
     }
-    requireHoldable(static_cast<std::uint64_t>(receiverCount), fileSize, problem);
-    receivers.resize(static_cast<std::size_t>(receiverCount));
+    requireHoldable(static_cast<std::uint64_t>(count), fileSize, report);
+    receivers.resize(static_cast<std::size_t>(count));
+}
+
+/// Where the receivers of one or more shots in a row stood.
+struct Layout
+{
+    Place place = {}; ///< of the first shot
+    std::size_t firstShot = 0;
+    std::size_t lastShot = 0;
+    Spread receivers = {};
+};
+
+/// Remarks on shots whose receivers are not those of the spread that all shots refer to.
+void remarkOnLayouts(const std::vector<Layout> &layouts, const Spread &written, Report &report)
+{
+    for (const Layout &layout : layouts) {
+        const bool isOne = layout.firstShot == layout.lastShot;
+        const std::string shots = (isOne ? "shot " : "shots ")
+                                  + std::to_string(layout.firstShot + 1)
+                                  + (isOne ? "" : " to " + std::to_string(layout.lastShot + 1));
+        const auto sameX = [](const ReceiverPosition &a, const ReceiverPosition &b) {
+            return a.x == b.x;
+        };
+        if (!std::equal(layout.receivers.begin(), layout.receivers.end(), written.begin(), sameX))
+            remark(report, RemarkKind::layout, layout.place,
+                   "the receivers of " + shots
+                       + " stand elsewhere than the last shot's: only those are written");
+        else if (layout.receivers.size() < written.size())
+            remark(report, RemarkKind::layout, layout.place,
+                   counted(layout.receivers.size(), "receiver") + " in " + shots + ", of "
+                       + std::to_string(written.size()) + " that are written");
+    }
+}
+
+/// Reads the block of the next shot; false when a line lacks its keyword.
+bool readShot(OpenFile &file, double elevation, TraveltimeSurvey &survey, Spread &receivers,
+              std::vector<Layout> &layouts, Report &report)
+{
+    // What the last row of the block before left of its line comes first.
+    do
+        nextLine(file.text, file.line, report);
+    while (file.line == "\r");
+    if (file.shotsRead > 0 && file.line.empty() && !file.text.failed)
+        fail(report, "a carriage return or the next shot expected: do the rows end in CR LF?");
+
+    Shot shot{0.0, elevation, ""};
+    std::string value;
+    if (!valueOf("SEISMIC_DATA_FILE_NAME", shot.name, file, report)
+        || !nextValue("SHOT_LOCATION", value, file, report))
+        return false;
+    const Place place = report.place;
+    shot.x = readPosition(value, report);
+    survey.shots.push_back(shot);
+
+    if (!nextValue("NUMBER_OF_RECEIVERS", value, file, report))
+        return false;
+    const std::int32_t receiverCount = readInteger(value, report);
+    if (receiverCount == 0)
+        remark(report, RemarkKind::noReceivers,
+               "shot " + std::to_string(file.shotsRead + 1) + " has no receivers");
+    // The number of spreads, not of receivers; there are none before a first file.
+    if (!survey.spreads.empty() && survey.spreads.size() != static_cast<std::size_t>(receiverCount))
+        return fail(report, counted(survey.spreads.size(), "spread") + " read before");
+    sizeOnce(receivers, value, file.text.text.size(), report);
+
+    nextLine(file.text, file.line, report); // the column heading
+    ShotTraveltimes record{0, file.shotsRead, shot.x, elevation, {}};
+    const bool moved = readRows(file, value, elevation, receivers, record.times, report);
+    const std::size_t count = record.times.size();
+    if (moved || layouts.empty() || layouts.back().receivers.size() != count)
+        layouts.push_back({place, file.shotsRead, file.shotsRead,
+                           Spread(receivers.begin(), receivers.begin() + std::ptrdiff_t(count))});
+    layouts.back().lastShot = file.shotsRead++;
+    survey.traveltimes.push_back(std::move(record));
+    return true;
+}
+
+bool readFile(OpenFile &file, TraveltimeSurvey &survey, Report &report)
+{
+    if (!file.text.isOpen)
+        return fail(report, "the file cannot be opened");
+    double elevation = 0.0;
+    std::uint32_t shotCount = 0;
+    if (!readHeader(file, elevation, shotCount, report))
+        return false;
+    if (shotCount == 0)
+        remark(report, RemarkKind::noShots, "there are no shots in this file");
+    Spread receivers;
+    std::vector<Layout> layouts;
+    while (file.shotsRead < shotCount)
+        if (!readShot(file, elevation, survey, receivers, layouts, report))
+            return false;
+    remarkOnLayouts(layouts, receivers, report);
+    survey.spreads.push_back(std::move(receivers));
+    const Rest rest = readRest([&](std::string &line) { return nextLine(file.text, line, report); },
+                               " \t\r", report);
+    remarkOnRest(rest, rest.firstLine.starts_with("TX_CURVE"), report);
+    return true;
 }
 
 } // namespace
@@ -206,61 +370,16 @@ void sizeOnce(Spread &receivers, std::int32_t receiverCount, std::size_t fileSiz
 std::int32_t readGeogigaTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, std::vector<Shot> &shots)
 {
-    Problem untold;
-    return readGeogigaTraveltimes(path, traveltimes, spreads, shots, untold);
+    Report report;
+    readIntoSurvey(traveltimes, spreads, shots,
+                   [&](TraveltimeSurvey &survey) { readGeogiga(path, survey, report); });
+    return finish(report);
 }
 
-std::int32_t readGeogigaTraveltimes(const std::string &path,
-                                    std::vector<ShotTraveltimes> &traveltimes,
-                                    std::vector<Spread> &spreads, std::vector<Shot> &shots,
-                                    Problem &problem)
+bool readGeogiga(const std::string &path, TraveltimeSurvey &survey, Report &report)
 {
-    OpenFile file{loadText(path, problem), {}, {}};
-    if (!file.text.isOpen) {
-        tell(problem, "the file cannot be opened");
-        return 1;
-    }
-
-    double elevation = 0.0;
-    std::uint32_t shotCount = 0;
-    if (!readHeader(file, elevation, shotCount, problem))
-        return 1;
-
-    if (shotCount == 0)
-        problem.remark = "there are no shots in this file";
-    Spread receivers;
-    for (std::uint32_t shotIndex = 0; shotIndex < shotCount; ++shotIndex) {
-        // What the last row of the block before left of its line comes first.
-        do
-            nextLine(file.text, file.line, problem);
-        while (file.line == "\r");
-
-        if (shotIndex > 0 && file.line.empty() && !file.text.failed)
-            tell(problem, "a carriage return or the next shot expected: do the rows end in CR LF?");
-
-        Shot shot{0.0, elevation, ""};
-        std::string value;
-        if (!valueOf("SEISMIC_DATA_FILE_NAME", shot.name, file, problem)
-            || !nextValue("SHOT_LOCATION", value, file, problem))
-            return 1;
-        shot.x = toDouble(value);
-        shots.push_back(shot);
-
-        if (!nextValue("NUMBER_OF_RECEIVERS", value, file, problem))
-            return 1;
-        const std::int32_t receiverCount = toInt(value);
-        // The number of spreads, not of receivers; none stand there before a first file.
-        if (!spreads.empty() && spreads.size() != static_cast<std::size_t>(receiverCount)) {
-            tell(problem, counted(spreads.size(), "spread") + " read before");
-            return 1;
-        }
-        sizeOnce(receivers, receiverCount, file.text.text.size(), problem);
-
-        nextLine(file.text, file.line, problem); // the column heading
-        ShotTraveltimes record{0, shotIndex, shot.x, elevation, {}};
-        readRows(file.text, receiverCount, elevation, receivers, record.times, problem);
-        traveltimes.push_back(std::move(record));
-    }
-    spreads.push_back(std::move(receivers));
-    return 0;
+    return attempt(report, [&] {
+        OpenFile file{loadText(path, report)};
+        readFile(file, survey, report);
+    });
 }

@@ -5,13 +5,138 @@
 
 namespace {
 
-/// The fields of the next line, of which two must stand there.
-void readTwoFields(TextFile &file, std::string &line, std::vector<std::string> &fields,
-                   Problem &problem)
+/// What was read so far, and the counts as the file writes them.
+struct Progress
 {
-    nextLine(file, line, problem);
-    splitLine(line, fields, " ", problem);
-    requireFields(fields, 2, problem);
+    std::string shotCount = {};
+    std::int32_t shots = 0;
+    std::size_t shotLine = 0;
+    std::string receiverCount = {};
+    std::uint32_t receivers = 0;
+};
+
+/// A receiver's line that looks like something else: a receiver may be missing before it.
+struct Suspicion
+{
+    std::size_t line = 0; ///< 0 for none
+    bool isTrailer = false;
+    std::string text = {};
+};
+
+/// The file as it is read, with the current line cut into fields.
+struct OpenFile
+{
+    TextFile text;
+    std::string line = {};
+    std::vector<std::string> fields = {};
+    Progress progress = {};
+    Suspicion suspicion = {};
+};
+
+std::string ending(const Progress &progress)
+{
+    if (progress.shotCount.empty())
+        return "the file ends before its number of shots";
+    std::string text =
+        "the file ends after " + std::to_string(progress.shots) + " of " + progress.shotCount;
+    text += " shots";
+    if (!progress.receiverCount.empty())
+        text += " and " + std::to_string(progress.receivers) + " of " + progress.receiverCount
+                + " receivers";
+    return text;
+}
+
+/// Reads the next line, which must have at least two fields. What goes wrong may show only long
+/// after the line that is the reason for it.
+void readTwoFields(OpenFile &file, Report &report)
+{
+    const bool isThere = nextLine(file.text, file.line, report);
+    splitLine(file.line, file.fields, " ", report);
+    if (file.fields.size() < 2 && file.suspicion.line != 0)
+        fail(report, {report.place.file, file.suspicion.line}, file.suspicion.text);
+    else if (!isThere)
+        fail(report, ending(file.progress));
+    requireFields(file.fields, 2, report);
+}
+
+bool isZero(const std::string &field)
+{
+    return field.find_first_not_of("0.\r") == std::string::npos
+           && field.find('0') != std::string::npos;
+}
+
+/// A shot's line, as pickers write it, has a whole number of receivers and then a 0.
+bool looksLikeShot(const std::vector<std::string> &fields)
+{
+    return fields.size() >= 3 && fields[1].find_first_not_of("0123456789") == std::string::npos
+           && isZero(fields[2]);
+}
+
+/// The lines after the last shot, as pickers write them, hold nothing but zeros.
+bool looksLikeTrailer(const std::vector<std::string> &fields)
+{
+    return fields.size() == 2 && isZero(fields[0]) && isZero(fields[1]);
+}
+
+/// Takes note of the first receiver's line that looks like none. `first` is the shot's first
+/// receiver's line: where that looks the same, it means nothing.
+void suspect(const std::vector<std::string> &first, OpenFile &file, const Report &report)
+{
+    const bool isShot = looksLikeShot(file.fields) && !looksLikeShot(first);
+    const bool isTrailer = looksLikeTrailer(file.fields) && first.size() > 2;
+    if (file.suspicion.line != 0 || (!isShot && !isTrailer))
+        return;
+    file.suspicion = {report.place.line, isTrailer,
+                      "shot " + std::to_string(file.progress.shots + 1) + ", line "
+                          + std::to_string(file.progress.shotLine) + ", says "
+                          + file.progress.receiverCount + " receivers, but line "
+                          + std::to_string(report.place.line) + " looks like "
+                          + (isShot ? "a shot line" : "the end of the survey")};
+}
+
+/// Reads a shot's line and its receivers' lines into the survey.
+void readShot(OpenFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Report &report)
+{
+    Progress &progress = file.progress;
+    progress.receiverCount.clear();
+    readTwoFields(file, report);
+    progress.shotLine = report.place.line;
+    progress.receiverCount = file.fields[1];
+    const double shotX = readPosition(file.fields[0], report);
+    // -1 is 4294967295: the file ends before, with an error.
+    const auto receiverCount = static_cast<std::uint32_t>(readInteger(file.fields[1], report));
+    if (receiverCount == 0)
+        remark(report, RemarkKind::noReceivers,
+               "shot " + std::to_string(progress.shots + 1) + " has no receivers");
+    survey.shots.push_back({shotX, 0.0, ""});
+
+    Spread receivers;
+    std::vector<double> times;
+    std::vector<std::string> first;
+    for (progress.receivers = 0; progress.receivers < receiverCount; ++progress.receivers) {
+        readTwoFields(file, report);
+        if (progress.receivers == 0)
+            first = file.fields;
+        suspect(first, file, report);
+        receivers.push_back({readPosition(file.fields[0], report), 0.0});
+        times.push_back(readTime(file.fields[1], 1000.0, report));
+    }
+    const std::uint32_t spread = findOrAddSpread(survey.spreads, std::move(receivers), index);
+    survey.traveltimes.push_back(
+        {spread, static_cast<std::uint32_t>(progress.shots), shotX, 0.0, std::move(times)});
+}
+
+/// Pickers write zeros after the last shot.
+void remarkOnLinesLeft(const std::string &firstLine, OpenFile &file, Report &report)
+{
+    const Rest rest = readRest([&](std::string &line) { return nextLine(file.text, line, report); },
+                               "0. \t\r", report);
+    const bool isSurvey = rest.firstLine == firstLine;
+    if (file.suspicion.isTrailer || (file.suspicion.line != 0 && rest.lineCount > 0 && !isSurvey))
+        remark(report, RemarkKind::notRead, {report.place.file, file.suspicion.line},
+               file.suspicion.text);
+    else
+        remarkOnRest(rest, isSurvey, report);
 }
 
 } // namespace
@@ -19,49 +144,35 @@ void readTwoFields(TextFile &file, std::string &line, std::vector<std::string> &
 std::int32_t readSeisImagerTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                        std::vector<Spread> &spreads, std::vector<Shot> &shots)
 {
-    SpreadIndex index;
-    Problem untold;
-    return readSeisImagerTraveltimes(path, traveltimes, spreads, shots, index, untold);
+    Report report;
+    readIntoSurvey(traveltimes, spreads, shots, [&](TraveltimeSurvey &survey) {
+        SpreadIndex index;
+        readSeisImager(path, survey, index, report);
+    });
+    return finish(report);
 }
 
-std::int32_t readSeisImagerTraveltimes(const std::string &path,
-                                       std::vector<ShotTraveltimes> &traveltimes,
-                                       std::vector<Spread> &spreads, std::vector<Shot> &shots,
-                                       SpreadIndex &index, Problem &problem)
+bool readSeisImager(const std::string &path, TraveltimeSurvey &survey, SpreadIndex &index,
+                    Report &report)
 {
-    TextFile file = loadText(path, problem);
-    if (!file.isOpen) {
-        tell(problem, "the file cannot be opened");
-        return 1;
-    }
-
-    std::string line;
-    std::vector<std::string> fields;
-    nextLine(file, line, problem);
-    splitLine(line, fields, " ", problem); // a first line of blanks alone is refused as well
-    readTwoFields(file, line, fields, problem);
-    const std::int32_t shotCount = toInt(fields[1]);
-    if (shotCount <= 0)
-        problem.remark = "there are no shots in this file";
-
-    for (std::int32_t shotNumber = 0; shotNumber < shotCount; ++shotNumber) {
-        readTwoFields(file, line, fields, problem);
-        const double shotX = toDouble(fields[0]);
-        // -1 is 4294967295: the file ends before, with an error.
-        const auto receiverCount = static_cast<std::uint32_t>(toInt(fields[1]));
-        shots.push_back({shotX, 0.0, ""});
-
-        Spread receivers;
-        std::vector<double> times;
-        for (std::uint32_t receiver = 0; receiver < receiverCount; ++receiver) {
-            readTwoFields(file, line, fields, problem);
-            receivers.push_back({toDouble(fields[0]), 0.0});
-            times.push_back(toDouble(fields[1]) / 1000.0);
+    return attempt(report, [&] {
+        OpenFile file{loadText(path, report)};
+        if (!file.text.isOpen) {
+            fail(report, "the file cannot be opened");
+            return;
         }
+        nextLine(file.text, file.line, report);
+        const std::string firstLine = file.line;
+        // Not used, but a line of blanks alone is refused.
+        tokenize(firstLine, file.fields, " ");
+        readTwoFields(file, report);
+        const std::int32_t shotCount = readInteger(file.fields[1], report);
+        file.progress.shotCount = file.fields[1];
+        if (shotCount <= 0)
+            remark(report, RemarkKind::noShots, "there are no shots in this file");
 
-        const std::uint32_t spreadIndex = findOrAddSpread(spreads, std::move(receivers), index);
-        traveltimes.push_back(
-            {spreadIndex, static_cast<std::uint32_t>(shotNumber), shotX, 0.0, std::move(times)});
-    }
-    return 0;
+        for (; file.progress.shots < shotCount; ++file.progress.shots)
+            readShot(file, survey, index, report);
+        remarkOnLinesLeft(firstLine, file, report);
+    });
 }

@@ -10,17 +10,16 @@
 #include <string>
 #include <vector>
 
-/// Reads a SeisImager first-break file (*.vs): a line that is passed over, a line with the number
-/// of shots in its second field; then for every shot a line of its x and its number of receivers,
-/// and for each receiver a line of its x and its time in milliseconds. Blanks, and no tabs, stand
-/// between fields. The format has no elevations: they are 0. Shots on equal layouts share a spread,
-/// also with shots read from an earlier file; `shotIndex` starts at 0 in every file.
+/// Reads a SeisImager first-break file (*.vs): a first line of any text, a line with the number of
+/// shots in its second field; then for every shot a line of its x and its number of receivers, and
+/// for each receiver a line of its x and its time in milliseconds. Blanks separate fields, tabs do
+/// not. The format has no elevations: they are 0. Shots on equal layouts share a spread, also with
+/// shots read from an earlier file; `shotIndex` starts at 0 in every file.
 ///
 /// Returns 1 when the file cannot be opened. Throws std::out_of_range "invalid vector subscript"
 /// for a line of fewer than two fields, the end of the file included.
 std::int32_t readSeisImagerTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                        std::vector<Spread> &spreads, std::vector<Shot> &shots);
-std::int32_t readSeisImagerTraveltimes(const std::string &path,
-                                       std::vector<ShotTraveltimes> &traveltimes,
-                                       std::vector<Spread> &spreads, std::vector<Shot> &shots,
-                                       SpreadIndex &index, Problem &problem);
+/// The same with a report. `index` belongs to survey.spreads.
+bool readSeisImager(const std::string &path, TraveltimeSurvey &survey, SpreadIndex &index,
+                    Report &report);

@@ -23,7 +23,5 @@
 /// section is not as it must be; what was read before stays in `shots` and `traveltimes`.
 std::int32_t readWinsismTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, std::vector<Shot> &shots);
-std::int32_t readWinsismTraveltimes(const std::string &path,
-                                    std::vector<ShotTraveltimes> &traveltimes,
-                                    std::vector<Spread> &spreads, std::vector<Shot> &shots,
-                                    Problem &problem);
+/// The same with a report, which prints the line; see finish().
+bool readWinsism(const std::string &path, TraveltimeSurvey &survey, Report &report);

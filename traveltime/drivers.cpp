@@ -8,87 +8,73 @@
 #include "readers/winsism.h"
 #include "traveltime/otte_writer.h"
 #include "traveltime/project_files.h"
-#include "traveltime/survey.h"
+#include "traveltime/text.h"
+
+#include <algorithm>
 
 namespace {
 
-using Reader = std::int32_t(const std::string &path, std::vector<ShotTraveltimes> &traveltimes,
-                            std::vector<Spread> &spreads, std::vector<Shot> &shots,
-                            Problem &problem);
-
-std::int32_t convertFile(Reader &read, const std::string &inputPath, const std::string &outputPath,
-                         Problem &problem)
+/// Remarks on the first file that has not one shot, when the shots of all are not numbered through.
+void remarkOnNumbers(const std::vector<std::string> &files,
+                     const std::vector<std::size_t> &shotCounts, const TraveltimeSurvey &survey,
+                     Report &report)
 {
-    TraveltimeSurvey survey;
-    problem = {inputPath};
-    const std::int32_t result =
-        read(inputPath, survey.traveltimes, survey.spreads, survey.shots, problem);
-    if (result != 0)
-        return result;
-    return writeOtteFile(outputPath, survey.traveltimes, survey.spreads, survey.shots, problem);
+    const auto other = std::find_if(shotCounts.begin(), shotCounts.end(),
+                                    [](std::size_t count) { return count != 1; });
+    for (std::size_t i = 0; i < survey.traveltimes.size(); ++i) {
+        if (survey.traveltimes[i].shotIndex == i)
+            continue;
+        remark(report, RemarkKind::numbering,
+               {files[static_cast<std::size_t>(other - shotCounts.begin())], 2},
+               counted(*other, "shot")
+                   + " in one of several files: the shots are not numbered through, so that picks "
+                     "go to another shot");
+        return;
+    }
 }
 
 } // namespace
 
 std::int32_t convertGeogiga(std::string inputPath, std::string outputPath)
 {
-    Problem untold;
-    return convertGeogiga(inputPath, outputPath, untold);
-}
-
-std::int32_t convertGeogiga(const std::string &inputPath, const std::string &outputPath,
-                            Problem &problem)
-{
-    return convertFile(readGeogigaTraveltimes, inputPath, outputPath, problem);
+    return convertToOtte(
+        [&](TraveltimeSurvey &survey, Report &report) { readGeogiga(inputPath, survey, report); },
+        outputPath);
 }
 
 std::int32_t convertWinsism(std::string inputPath, std::string outputPath)
 {
-    Problem untold;
-    return convertWinsism(inputPath, outputPath, untold);
-}
-
-std::int32_t convertWinsism(const std::string &inputPath, const std::string &outputPath,
-                            Problem &problem)
-{
-    return convertFile(readWinsismTraveltimes, inputPath, outputPath, problem);
+    return convertToOtte(
+        [&](TraveltimeSurvey &survey, Report &report) { readWinsism(inputPath, survey, report); },
+        outputPath);
 }
 
 std::int32_t convertSeisImager(std::string inputPath, std::string outputPath)
 {
-    Problem untold;
-    return convertSeisImager(inputPath, outputPath, untold);
-}
-
-std::int32_t convertSeisImager(const std::string &inputPath, const std::string &outputPath,
-                               Problem &problem)
-{
-    return convertSeisImagerFiles({inputPath}, outputPath, problem); // its record 0 has index 0
+    return convertSeisImagerFiles({inputPath}, outputPath); // its record 0 has index 0
 }
 
 std::int32_t convertSeisImagerFiles(std::vector<std::string> files, std::string outputPath)
 {
-    Problem untold;
-    return convertSeisImagerFiles(files, outputPath, untold);
+    return convertToOtte([&](TraveltimeSurvey &survey,
+                             Report &report) { readSeisImagerFiles(files, survey, report); },
+                         outputPath);
 }
 
-std::int32_t convertSeisImagerFiles(const std::vector<std::string> &files,
-                                    const std::string &outputPath, Problem &problem)
+bool readSeisImagerFiles(const std::vector<std::string> &files, TraveltimeSurvey &survey,
+                         Report &report)
 {
-    TraveltimeSurvey survey;
     SpreadIndex index;
-    Problem kept;
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        problem = {files[i]};
-        const std::int32_t result = readSeisImagerTraveltimes(
-            files[i], survey.traveltimes, survey.spreads, survey.shots, index, problem);
-        // Before the result is looked at, and only when so many records stand already.
+    std::vector<std::size_t> shotCounts;
+    for (std::size_t i = 0; i < files.size() && report.result == 0 && !report.error; ++i) {
+        const std::size_t before = survey.traveltimes.size();
+        readSeisImager(files[i], survey, index, report);
+        // Also after a file that failed, and only when there are so many records by now.
         if (i < survey.traveltimes.size())
             survey.traveltimes[i].shotIndex = static_cast<std::uint32_t>(i);
-        if (result != 0)
-            return result;
-        keepFirst(kept, problem);
+        shotCounts.push_back(survey.traveltimes.size() - before);
     }
-    problem = kept;
-    return writeOtteFile(outputPath, survey.traveltimes, survey.spreads, survey.shots, problem);
+    if (!report.failure)
+        remarkOnNumbers(files, shotCounts, survey, report);
+    return !report.failure;
 }

@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "traveltime/problem.h"
+#include "traveltime/report.h"
+#include "traveltime/survey.h"
 
 #include <cstdint>
 #include <string>
@@ -11,24 +12,16 @@
 
 // Each driver reads a vendor's traveltime file and writes it as one OTTE file. It returns 0, or the
 // first result of the reader or of the writer that is not 0; when the reader fails, the output is
-// not touched. Errors raised by a reader pass through. The second form of each driver also fills a
-// Problem: a conversion went well only when it returned 0 and problem.detail is empty.
+// not touched. Errors raised by a reader pass through.
 
 std::int32_t convertGeogiga(std::string inputPath, std::string outputPath);
-std::int32_t convertGeogiga(const std::string &inputPath, const std::string &outputPath,
-                            Problem &problem);
-
 std::int32_t convertWinsism(std::string inputPath, std::string outputPath);
-std::int32_t convertWinsism(const std::string &inputPath, const std::string &outputPath,
-                            Problem &problem);
-
 std::int32_t convertSeisImager(std::string inputPath, std::string outputPath);
-std::int32_t convertSeisImager(const std::string &inputPath, const std::string &outputPath,
-                               Problem &problem);
 
 /// Merges several files into one survey, in which they share their spreads. After the i-th file is
 /// read, the i-th record of the whole survey, if there is one, gets the shotIndex i: files of one
 /// shot each are numbered through. No files at all give an empty OTTE file.
 std::int32_t convertSeisImagerFiles(std::vector<std::string> files, std::string outputPath);
-std::int32_t convertSeisImagerFiles(const std::vector<std::string> &files,
-                                    const std::string &outputPath, Problem &problem);
+/// Its reading alone, with a report.
+bool readSeisImagerFiles(const std::vector<std::string> &files, TraveltimeSurvey &survey,
+                         Report &report);

@@ -7,72 +7,72 @@
 #include "traveltime/project_files.h"
 #include "traveltime/text.h"
 
-#include <stdexcept>
-
 std::int32_t readGenericTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, const Shot &shot,
                                     std::uint32_t shotIndex)
 {
-    SpreadIndex index;
-    Problem untold;
-    return readGenericTraveltimes(path, traveltimes, spreads, shot, shotIndex, index, untold);
+    Report report;
+    std::vector<Shot> noShots;
+    readIntoSurvey(traveltimes, spreads, noShots, [&](TraveltimeSurvey &survey) {
+        SpreadIndex index;
+        readGeneric(path, survey, shot, shotIndex, index, report);
+    });
+    return finish(report);
 }
 
-std::int32_t readGenericTraveltimes(const std::string &path,
-                                    std::vector<ShotTraveltimes> &traveltimes,
-                                    std::vector<Spread> &spreads, const Shot &shot,
-                                    std::uint32_t shotIndex, SpreadIndex &index, Problem &problem)
+bool readGeneric(const std::string &path, TraveltimeSurvey &survey, const Shot &shot,
+                 std::uint32_t shotIndex, SpreadIndex &index, Report &report)
 {
-    TextFile file = loadText(path, problem);
-    if (!file.isOpen)
-        tell(problem, "the file cannot be opened");
-    Spread receivers;
-    std::vector<double> times;
-    std::string line;
-    std::vector<std::string> fields;
-    while (nextLine(file, line, problem)) {
-        trimLeadingSpaces(line);
-        splitLine(line, fields, ";", problem);
-        requireFields(fields, 3, problem);
-        receivers.push_back({toDouble(fields[0]), toDouble(fields[1])});
-        times.push_back(toDouble(fields[2]));
-    }
+    return attempt(report, [&] {
+        TextFile file = loadText(path, report);
+        if (!file.isOpen)
+            fail(report, "the file cannot be opened", Window::goesOn);
+        Spread receivers;
+        std::vector<double> times;
+        std::string line;
+        std::vector<std::string> fields;
+        while (nextLine(file, line, report)) {
+            trimLeadingSpaces(line);
+            splitLine(line, fields, ";", report);
+            requireFields(fields, 3, report);
+            receivers.push_back({readPosition(fields[0], report), readPosition(fields[1], report)});
+            times.push_back(readTime(fields[2], 1.0, report));
+        }
 
-    if (receivers.empty())
-        problem.remark = "there are no receivers in this file";
-    const std::uint32_t spreadIndex = findOrAddSpread(spreads, std::move(receivers), index);
-    traveltimes.push_back({spreadIndex, shotIndex, shot.x, shot.elevation, std::move(times)});
-    return 0;
+        if (receivers.empty())
+            remark(report, RemarkKind::noReceivers, "there are no receivers in this file");
+        const std::uint32_t spread = findOrAddSpread(survey.spreads, std::move(receivers), index);
+        survey.traveltimes.push_back({spread, shotIndex, shot.x, shot.elevation, std::move(times)});
+    });
 }
 
 std::int32_t convertGenericText(std::vector<std::string> files, std::string outputPath,
                                 std::vector<double> shotXs, std::vector<double> shotElevations)
 {
-    Problem untold;
-    return convertGenericText(files, outputPath, shotXs, shotElevations, untold);
+    return convertToOtte(
+        [&](TraveltimeSurvey &survey, Report &report) {
+            readGenericFiles(files, shotXs, shotElevations, survey, report);
+        },
+        outputPath);
 }
 
-std::int32_t convertGenericText(const std::vector<std::string> &files,
-                                const std::string &outputPath, const std::vector<double> &shotXs,
-                                const std::vector<double> &shotElevations, Problem &problem)
+bool readGenericFiles(const std::vector<std::string> &files, const std::vector<double> &shotXs,
+                      const std::vector<double> &shotElevations, TraveltimeSurvey &survey,
+                      Report &report)
 {
-    TraveltimeSurvey survey;
     SpreadIndex index;
-    Problem kept;
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        problem = {files[i]};
-        if (i >= shotXs.size() || i >= shotElevations.size()) {
-            problem.detail = "no shot position is given for this file";
-            throw std::out_of_range("invalid vector subscript");
+    return attempt(report, [&] {
+        for (std::size_t i = 0; i < files.size() && !report.error; ++i) {
+            report.place = {files[i]};
+            if (i >= shotXs.size() || i >= shotElevations.size()) {
+                fail(report, "no shot position is given for this file");
+                throwInvalidSubscript();
+            }
+            remarkOnPosition(shotXs[i], report);
+            remarkOnPosition(shotElevations[i], report);
+            survey.shots.push_back({shotXs[i], shotElevations[i], files[i]});
+            readGeneric(files[i], survey, survey.shots.back(), static_cast<std::uint32_t>(i), index,
+                        report);
         }
-        const Shot &shot = survey.shots.emplace_back(Shot{shotXs[i], shotElevations[i], files[i]});
-        const std::int32_t result =
-            readGenericTraveltimes(files[i], survey.traveltimes, survey.spreads, shot,
-                                   static_cast<std::uint32_t>(i), index, problem);
-        if (result != 0)
-            return result;
-        keepFirst(kept, problem);
-    }
-    problem = kept;
-    return writeOtteFile(outputPath, survey.traveltimes, survey.spreads, survey.shots, problem);
+    });
 }

@@ -22,24 +22,13 @@ void writeValues(std::ostream &stream, const Entries &entries, Value value)
     stream << line << '\n';
 }
 
-} // namespace
-
-std::int32_t writeOtteFile(std::string path, const std::vector<ShotTraveltimes> &traveltimes,
-                           const std::vector<Spread> &spreads, const std::vector<Shot> &shots)
-{
-    Problem untold;
-    return writeOtteFile(path, traveltimes, spreads, shots, untold);
-}
-
-std::int32_t writeOtteFile(const std::string &path, const std::vector<ShotTraveltimes> &traveltimes,
-                           const std::vector<Spread> &spreads, const std::vector<Shot> &shots,
-                           Problem &problem)
+/// writeOtteFile with a report.
+bool write(const std::string &path, const std::vector<ShotTraveltimes> &traveltimes,
+           const std::vector<Spread> &spreads, const std::vector<Shot> &shots, Report &report)
 {
     std::ofstream stream(path);
-    if (!stream) {
-        tellSystemError(problem, path);
-        return 1;
-    }
+    if (!stream)
+        return failInSystem(report, path);
 
     stream << "otte\n1.0\n2\n" << spreads.size() << '\n';
     for (const Spread &spread : spreads) {
@@ -55,6 +44,32 @@ std::int32_t writeOtteFile(const std::string &path, const std::vector<ShotTravel
 
     stream.close();
     if (!stream)
-        tellSystemError(problem, path);
-    return 0;
+        failInSystem(report, path, Window::goesOn);
+    return !report.failure;
+}
+
+} // namespace
+
+std::int32_t writeOtteFile(std::string path, const std::vector<ShotTraveltimes> &traveltimes,
+                           const std::vector<Spread> &spreads, const std::vector<Shot> &shots)
+{
+    Report report;
+    write(path, traveltimes, spreads, shots, report);
+    return finish(report);
+}
+
+bool writeOtte(const std::string &path, const TraveltimeSurvey &survey, Report &report)
+{
+    return write(path, survey.traveltimes, survey.spreads, survey.shots, report);
+}
+
+std::int32_t convertToOtte(const std::function<void(TraveltimeSurvey &, Report &)> &read,
+                           const std::string &outputPath)
+{
+    TraveltimeSurvey survey;
+    Report report;
+    read(survey, report);
+    if (report.result == 0 && !report.error)
+        writeOtte(outputPath, survey, report);
+    return finish(report);
 }

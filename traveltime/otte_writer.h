@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include "traveltime/problem.h"
+#include "traveltime/report.h"
 #include "traveltime/survey.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,10 +17,14 @@
 /// its spreadIndex, its shotIndex and the line of its times in milliseconds. In a line of values
 /// ";" follows each one.
 ///
-/// Returns 1 when the file cannot be opened, and 0 otherwise: what happens to the writing itself is
-/// told by the second form alone. A survey that contradicts itself is written as it stands.
+/// Returns 1 when the file cannot be opened, and 0 otherwise: only the inner form, which takes the
+/// survey as one, reports a file that is not written whole. A survey that contradicts itself is
+/// written as it stands.
 std::int32_t writeOtteFile(std::string path, const std::vector<ShotTraveltimes> &traveltimes,
                            const std::vector<Spread> &spreads, const std::vector<Shot> &shots);
-std::int32_t writeOtteFile(const std::string &path, const std::vector<ShotTraveltimes> &traveltimes,
-                           const std::vector<Spread> &spreads, const std::vector<Shot> &shots,
-                           Problem &problem);
+bool writeOtte(const std::string &path, const TraveltimeSurvey &survey, Report &report);
+
+/// Reads a survey with `read` and, unless the window stops there, writes it as an OTTE file: every
+/// traveltime conversion of the window. Returns and raises what the window is given.
+std::int32_t convertToOtte(const std::function<void(TraveltimeSurvey &, Report &)> &read,
+                           const std::string &outputPath);

@@ -36,19 +36,19 @@ struct Failure
 };
 
 enum class RemarkKind {
-    notANumber,   ///< a field that is used is not wholly a number
-    shiftedLine,  ///< a line begins with a delimiter, so that its fields shift
-    notRead,      ///< lines or bytes after what the file announces
-    noShots,      ///< one of several files
-    noReceivers,  ///< a shot
-    numbering,    ///< shots that are not numbered through
-    layout,       ///< receivers that stand elsewhere than the output says
-    negativeTime, ///< -1 means "not picked" to pickers
-    units,        ///< velocities that the ground does not have
+    notANumber,      ///< a field that is used is not wholly a number
+    shiftedLine,     ///< a line begins with a delimiter, so that its fields shift
+    notRead,         ///< lines or bytes after what the file announces
+    noShots,         ///< one of several files
+    noReceivers,     ///< a shot
+    numbering,       ///< shots that are not numbered through
+    layout,          ///< receivers that stand elsewhere than the output says
+    negativeTime,    ///< -1 means "not picked" to pickers
+    units,           ///< velocities that the ground does not have
     roundedPosition, ///< six digits do not hold it to a centimetre
     roundedTime,     ///< nor to a microsecond
-    geometry,     ///< positions that become 0, a delay, elevations, several sources
-    samples,      ///< not finite, missing, or an interval that cannot be
+    geometry,        ///< positions that become 0, a delay, elevations, several sources
+    samples,         ///< not finite, missing, or an interval that cannot be
 };
 
 /// What the user should know although the conversion goes well.
@@ -80,7 +80,10 @@ inline constexpr std::size_t mostRemarks = 10;
 
 /// Whether the window, too, ends a conversion there. It goes on after an input that breaks off, for
 /// example, and shows "Conversion done".
-enum class Window { stops, goesOn };
+enum class Window {
+    stops,
+    goesOn
+};
 
 /// Records a failure at report.place, unless something failed before, and returns false.
 bool fail(Report &report, const std::string &text, Window window = Window::stops);
@@ -97,8 +100,8 @@ void remark(Report &report, RemarkKind kind, const std::string &text);
 /// The same at another place.
 void remark(Report &report, RemarkKind kind, Place place, const std::string &text);
 
-/// Remarks on something at report.place that is the worse the larger `size` is: of this kind only the
-/// worst is kept for a file, with the text that `text` makes of it.
+/// Remarks on something at report.place that is the worse the larger `size` is: of this kind only
+/// the worst is kept for a file, with the text that `text` makes of it.
 void remarkWorst(Report &report, RemarkKind kind, double size,
                  const std::function<std::string()> &text);
 

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 /// Where one receiver stood, in the length unit of the input file.
@@ -37,13 +38,13 @@ struct ShotTraveltimes
     std::vector<double> times; ///< seconds, one per receiver of the spread, in its order
 };
 
-/// A refraction survey as the readers fill it and the writer writes it. The three collections
-/// travel together as arguments, always in this order.
+/// A refraction survey as the readers fill it and the writer writes it.
 ///
-/// A vendor reader takes the input path and the three collections, appends to them and returns 0
-/// for success; content that it cannot read raises std::out_of_range or std::invalid_argument with
-/// the texts that users of the program know. Each reader comes in two forms that do the same: the
-/// second also fills a Problem, for callers that tell the user where the file is wrong.
+/// A vendor reader that the window calls takes the input path and the three collections, in this
+/// order, appends to them and returns 0 for success; content that it cannot read raises
+/// std::out_of_range or std::invalid_argument with the texts that users of the program know. Each
+/// reader has an inner form that does the same to a survey and a report, for callers that tell the
+/// user what is wrong, and where; it returns whether the report has no failure.
 struct TraveltimeSurvey
 {
     std::vector<ShotTraveltimes> traveltimes;
@@ -56,9 +57,8 @@ struct TraveltimeSurvey
 /// without receivers never shares a spread.
 bool sameSpread(const Spread &a, const Spread &b);
 
-/// Where the spreads of a survey stand by their positions' hash, so that a shot among thousands of
-/// layouts is compared with those alone that can be the same. Belongs to one collection of spreads
-/// and grows with it; starts empty whatever the collection holds.
+/// Maps a layout's hash to its index, so that only likely matches are compared. Belongs to one
+/// collection of spreads and grows with it; starts empty whatever the collection holds.
 struct SpreadIndex
 {
     std::unordered_multimap<std::size_t, std::uint32_t> byHash;
@@ -67,3 +67,15 @@ struct SpreadIndex
 
 /// Index of the first spread that is the same as `receivers`, which is appended when none is.
 std::uint32_t findOrAddSpread(std::vector<Spread> &spreads, Spread receivers, SpreadIndex &index);
+
+/// Lends the collections of a caller to `read` as one survey.
+template <typename Read>
+void readIntoSurvey(std::vector<ShotTraveltimes> &traveltimes, std::vector<Spread> &spreads,
+                    std::vector<Shot> &shots, Read read)
+{
+    TraveltimeSurvey survey{std::move(traveltimes), std::move(spreads), std::move(shots)};
+    read(survey);
+    traveltimes = std::move(survey.traveltimes);
+    spreads = std::move(survey.spreads);
+    shots = std::move(survey.shots);
+}

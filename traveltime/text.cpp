@@ -132,16 +132,6 @@ bool isWholly(const std::string &field, double value)
     return error == std::errc() && end == last && std::isfinite(number) && number == value;
 }
 
-void remarkOnField(const std::string &field, double value, Report &report)
-{
-    const std::size_t comma = field.find(',');
-    const bool isDecimalComma = comma != std::string::npos && comma + 1 < field.size()
-                                && field[comma + 1] >= '0' && field[comma + 1] <= '9';
-    remark(report, RemarkKind::notANumber,
-           '"' + field + "\" is read as " + shortest(value)
-               + (isDecimalComma ? ": write a decimal point, no comma" : ": it is no plain number"));
-}
-
 /// Values below `exactBelow` are printed closely enough, whatever they are.
 void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkKind kind,
                       const char *noun, const char *unit, Report &report)
@@ -332,16 +322,14 @@ double readNumber(const std::string &field, Report &report)
     if (error == std::errc() && end == last && std::isfinite(number))
         return number;
     number = toDouble(field);
-    if (!isWholly(field, number))
-        remarkOnField(field, number, report);
+    remarkUnlessWhole(field, number, report);
     return number;
 }
 
 std::int32_t readInteger(const std::string &field, Report &report)
 {
     const std::int32_t number = toInt(field);
-    if (!isWholly(field, number))
-        remarkOnField(field, number, report);
+    remarkUnlessWhole(field, number, report);
     return number;
 }
 
@@ -359,6 +347,19 @@ double readTime(const std::string &field, double perSecond, Report &report)
     return time;
 }
 
+void remarkUnlessWhole(const std::string &field, double value, Report &report)
+{
+    if (isWholly(field, value))
+        return;
+    const std::size_t comma = field.find(',');
+    const bool isDecimalComma = comma != std::string::npos && comma + 1 < field.size()
+                                && field[comma + 1] >= '0' && field[comma + 1] <= '9';
+    remark(
+        report, RemarkKind::notANumber,
+        '"' + field + "\" is read as " + shortest(value)
+            + (isDecimalComma ? ": write a decimal point, no comma" : ": it is no plain number"));
+}
+
 void remarkOnPosition(double metres, Report &report)
 {
     remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, "position", "m", report);
@@ -372,6 +373,31 @@ void remarkOnTime(double seconds, Report &report)
                "a time of " + shortest(milliseconds)
                    + " ms goes into the output like any other, also where it means \"not picked\"");
     remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "time", "ms", report);
+}
+
+Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,
+              const Report &report)
+{
+    Rest rest;
+    std::string line;
+    while (next(line)) {
+        if (line.find_first_not_of(meaningless) == std::string::npos)
+            continue;
+        if (++rest.lineCount == 1) {
+            rest.first = report.place;
+            rest.firstLine = line;
+        }
+    }
+    return rest;
+}
+
+void remarkOnRest(const Rest &rest, bool isSurvey, Report &report)
+{
+    if (rest.lineCount == 0)
+        return;
+    remark(report, RemarkKind::notRead, rest.first,
+           isSurvey ? "another survey begins here: only the first is read"
+                    : counted(rest.lineCount, "line") + " after the last shot: not read");
 }
 
 void throwInvalidSubscript()

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <fstream>
+#include <functional>
 #include <istream>
 #include <string>
 #include <vector>
@@ -78,8 +79,8 @@ void splitLine(const std::string &line, std::vector<std::string> &fields,
 /// Throws std::out_of_range "invalid vector subscript" when there are fewer fields than `expected`.
 void requireFields(const std::vector<std::string> &fields, std::size_t expected, Report &report);
 
-// The fields that a conversion uses: read by toDouble and toInt, with a remark on what is not wholly
-// a number, white space around it aside.
+// The fields that a conversion uses: read by toDouble and toInt, with a remark on what is not
+// wholly a number, white space around it aside.
 
 double readNumber(const std::string &field, Report &report);
 std::int32_t readInteger(const std::string &field, Report &report);
@@ -92,9 +93,27 @@ double readPosition(const std::string &field, Report &report);
 /// Returns seconds.
 double readTime(const std::string &field, double perSecond, Report &report);
 
-/// What readPosition and readTime remark on, for numbers that are read in other ways.
+// What these remark on, for numbers that are read in other ways.
+
+/// On a field that is not wholly a decimal number of the value that is used for it.
+void remarkUnlessWhole(const std::string &field, double value, Report &report);
 void remarkOnPosition(double metres, Report &report);
 void remarkOnTime(double seconds, Report &report);
+
+/// What follows the last shot of a file: lines that hold more than some characters without meaning.
+struct Rest
+{
+    std::size_t lineCount = 0;
+    Place first = {};
+    std::string firstLine = {};
+};
+
+/// Reads the rest of a file by `next`, which gives a line and returns false when there is none.
+Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,
+              const Report &report);
+
+/// Remarks on lines that are not read; `isSurvey`: they begin another survey.
+void remarkOnRest(const Rest &rest, bool isSurvey, Report &report);
 
 /// The text of the library that indexes a vector, which users of the window know.
 [[noreturn]] void throwInvalidSubscript();
