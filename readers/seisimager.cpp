@@ -72,7 +72,7 @@ bool isZero(const std::string &field)
 bool looksLikeShot(const std::vector<std::string> &fields)
 {
     return fields.size() >= 3 && fields[1].find_first_not_of("0123456789") == std::string::npos
-           && isZero(fields[2]);
+           && !isZero(fields[1]) && isZero(fields[2]);
 }
 
 /// The lines after the last shot, as pickers write them, hold nothing but zeros.
