@@ -47,6 +47,7 @@ void checkListing(const std::string &path, std::optional<double> sourceX)
     std::ostringstream progress;
     Outcome outcome = runInner([&](Report &report) {
         progress.str("");
+        report.place = {path};
         return convertListing(path, seg2Path, sourceX, {available, read}, &progress, report);
     });
     outcome.output = progress.str();
