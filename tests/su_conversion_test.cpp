@@ -349,3 +349,31 @@ TEST(SuConversion, NobodyReadsTheProgress)
     EXPECT_EQ(readFile(folder.path("line_tmp")), twoTracesListing);
     EXPECT_EQ(readFile(folder.path("line.seg2")), twoTracesSeg2);
 }
+
+TEST(SuConversion, ProgressThatNobodyReadsIsNotEvenMade)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.write("line.su", twoTraces);
+    const auto progressMade = [&path] {
+        std::ostringstream made;
+        std::streambuf *const before = std::cout.rdbuf(made.rdbuf());
+        EXPECT_EQ(convertSuToSeg2(path), 0);
+        std::cout.rdbuf(before);
+        return made.str();
+    };
+    std::cout.flush();
+    const int outputBefore = dup(STDOUT_FILENO);
+    const int file = open(folder.path("output").c_str(), O_WRONLY | O_CREAT, 0600);
+    dup2(file, STDOUT_FILENO);
+    close(file);
+    EXPECT_EQ(progressMade(), "opening su file " + path + '\n' + twoTracesProgress);
+    const int nullDevice = open("/dev/null", O_WRONLY);
+    dup2(nullDevice, STDOUT_FILENO);
+    close(nullDevice);
+    EXPECT_EQ(progressMade(), "");
+    close(STDOUT_FILENO);
+    EXPECT_EQ(progressMade(), "");
+    dup2(outputBefore, STDOUT_FILENO);
+    close(outputBefore);
+    EXPECT_EQ(readFile(folder.path("line.seg2")), twoTracesSeg2);
+}

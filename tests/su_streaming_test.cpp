@@ -306,8 +306,10 @@ TEST(SuStreaming, DevicesAsOutputs)
     Report report;
     EXPECT_TRUE(convertSu(path, folder.path("line_tmp"), "/dev/null", nullptr, report));
     EXPECT_EQ(readFile(folder.path("line_tmp")), twoTracesListing);
-    EXPECT_TRUE(convertSu(path, "/dev/null", folder.path("line.seg2"), nullptr, report));
     // Nothing is read back: neither strings nor traces.
+    EXPECT_FALSE(convertSu(path, "/dev/null", folder.path("line.seg2"), nullptr, report));
+    EXPECT_EQ(report.failure, (Failure{{path}, "no trace can be read back from the listing"}));
+    EXPECT_EQ(report.result, 0);
     EXPECT_EQ(readFile(folder.path("line.seg2")),
               bytes("55 3A 00 00 00 00 00 00 01 00 20 01 0A 20 '                  '"
                     "04 00 ' ' 00 00 00 '  '"));
