@@ -129,11 +129,12 @@ TEST_F(DolangReport, HeaderThatEndsTooEarly)
 TEST_F(DolangReport, HeaderFieldsThatAreNotWholeNumbers)
 {
     EXPECT_TRUE(convertKind("1 channel\n\n\n0.5\n2,0\n+1000 \n", {"1\n2\n"}));
-    EXPECT_EQ(report.remarks,
-              (Remarks{notANumber({header, 1}, "\"1 channel\" is read as 1: it is no plain number"),
-                       notANumber({header, 4}, "\"0.5\" is read as 0: it is no plain number"),
-                       notANumber({header, 5},
-                                  "\"2,0\" is read as 2: write a decimal point, no comma")}));
+    EXPECT_EQ(
+        report.remarks,
+        (Remarks{
+            notANumber({header, 1}, "\"1 channel\" is read as 1: it is no plain number"),
+            notANumber({header, 4}, "\"0.5\" is read as 0: write a whole number in digits"),
+            notANumber({header, 5}, "\"2,0\" is read as 2: write a decimal point, no comma")}));
 }
 
 TEST_F(DolangReport, CountsThatWrapAround)
@@ -141,10 +142,10 @@ TEST_F(DolangReport, CountsThatWrapAround)
     EXPECT_TRUE(convertKind("4294967297\n\n\n-5\n4294967298\n-1\n", {"1\n2\n"}));
     EXPECT_EQ(
         report.remarks,
-        (Remarks{notANumber({header, 1}, "\"4294967297\" is read as 1: it is no plain number"),
-                 notANumber({header, 4}, "\"-5\" is read as 4294967291: it is no plain number"),
-                 notANumber({header, 5}, "\"4294967298\" is read as 2: it is no plain number"),
-                 notANumber({header, 6}, "\"-1\" is read as 4294967295: it is no plain number")}));
+        (Remarks{notANumber({header, 1}, "\"4294967297\" is read as 1: it is out of range"),
+                 notANumber({header, 4}, "\"-5\" is read as 4294967291: it is out of range"),
+                 notANumber({header, 5}, "\"4294967298\" is read as 2: it is out of range"),
+                 notANumber({header, 6}, "\"-1\" is read as 4294967295: it is out of range")}));
     // 32 bits hold this.
     EXPECT_TRUE(convertKind("1\n\n\n4294967295\n1\n4000000000\n", {"1\n"}));
     EXPECT_EQ(report.remarks, Remarks());
@@ -155,14 +156,15 @@ TEST_F(DolangReport, SamplesThatAreNotWholeNumbers)
     EXPECT_TRUE(convertKind(
         "1\n\n\n0\n12\n1000\n",
         {"1\n 2 \n+3\n-4\r\n2147483647\n-2147483648\n\n1.9\n0x10\n2147483648\n1 2\n1e3\n"}));
-    EXPECT_EQ(report.remarks,
-              (Remarks{notANumber({channel1, 7}, "\"\" is read as 0: it is no plain number"),
-                       notANumber({channel1, 8}, "\"1.9\" is read as 1: it is no plain number"),
-                       notANumber({channel1, 9}, "\"0x10\" is read as 0: it is no plain number"),
-                       notANumber({channel1, 10},
-                                  "\"2147483648\" is read as -2147483648: it is no plain number"),
-                       notANumber({channel1, 11}, "\"1 2\" is read as 1: it is no plain number"),
-                       notANumber({channel1, 12}, "\"1e3\" is read as 1: it is no plain number")}));
+    EXPECT_EQ(
+        report.remarks,
+        (Remarks{
+            notANumber({channel1, 7}, "\"\" is read as 0: it is no plain number"),
+            notANumber({channel1, 8}, "\"1.9\" is read as 1: write a whole number in digits"),
+            notANumber({channel1, 9}, "\"0x10\" is read as 0: it is no plain number"),
+            notANumber({channel1, 10}, "\"2147483648\" is read as -2147483648: it is out of range"),
+            notANumber({channel1, 11}, "\"1 2\" is read as 1: it is no plain number"),
+            notANumber({channel1, 12}, "\"1e3\" is read as 1: write a whole number in digits")}));
 }
 
 TEST_F(DolangReport, OfManyRemarksOnAFileTenAreKept)
