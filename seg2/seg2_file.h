@@ -105,3 +105,7 @@ std::ostream &write(Seg2File &file, std::ostream &stream);
 /// with addTrace() to the file, which begins and ends without traces.
 std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
                             const std::function<void()> &addNext, std::ostream &stream);
+
+/// Says what in a file that was written is more than its fields can hold, if anything is: the
+/// number of traces or the place of one.
+std::string overflowOf(const Seg2File &file);
