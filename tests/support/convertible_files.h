@@ -55,24 +55,26 @@ inline std::string suSeg2Trace(const std::string &receiverX, const std::string &
                  + samples);
 }
 
-// The blocks begin at 84 and 256; the last sample of a trace is lost on the way.
-inline const std::string suSeg2 = seg2Head(2)
-                                  + bytes("54 00 00 00  00 01 00 00 " + fileStrings + "'  '")
-                                  + suSeg2Trace("2500", "00 00 80 3F  00 00 00 C0  00 00 00 00")
-                                  + suSeg2Trace("5000", "00 00 00 3F  00 00 80 40  00 00 00 00");
+/// The last sample of a trace is lost on the way.
+inline const std::string suSeg2Traces =
+    suSeg2Trace("2500", "00 00 80 3F  00 00 00 C0  00 00 00 00")
+    + suSeg2Trace("5000", "00 00 00 3F  00 00 80 40  00 00 00 00");
+
+inline const std::string seg2FileStrings = bytes(fileStrings + "'  '");
+
+// The traces begin at 84 and 256.
+inline const std::string suSeg2 =
+    seg2Head(2) + bytes("54 00 00 00  00 01 00 00") + seg2FileStrings + suSeg2Traces;
 
 inline const std::string dolangListing =
     listingHeading + "1    2      0     0.001     0      0      0\n";
 
 inline const std::string dolangSeg2 =
-    seg2Head(1)
-    + bytes("50 00 00 00 " + fileStrings
-            + "'  '"
-              "22 44 98 00 08 00 00 00 02 00 00 00 04 "
-            + blanks19
+    seg2Head(1) + bytes("50 00 00 00") + seg2FileStrings
+    + bytes("22 44 98 00 08 00 00 00 02 00 00 00 04 " + blanks19
             + "0A 00 'DELAY 0' 00  15 00 'DESCALING_FACTOR 1' 00"
               "1A 00 'RECEIVER_LOCATION 0 0 0' 00  18 00 'SAMPLE_INTERVAL 0.001' 00"
               "18 00 'SOURCE_LOCATION 0 0 0' 00  0A 00 'STACK 1' 00  00 00 '   '"
               "00 00 E0 40  00 00 40 C0");
 
-inline const std::string emptySeg2 = seg2Head(0) + bytes(fileStrings + "'  '");
+inline const std::string emptySeg2 = seg2Head(0) + seg2FileStrings;
