@@ -48,7 +48,8 @@ void checkListing(const std::string &path, std::optional<double> sourceX)
     Outcome outcome = runInner([&](Report &report) {
         progress.str("");
         report.place = {path};
-        return convertListing(path, seg2Path, sourceX, {available, read}, &progress, report);
+        convertListing(path, seg2Path, sourceX, {available, read}, &progress, report);
+        return !report.failure;
     });
     outcome.output = progress.str();
     requireSame(outcome, plain, "listing");
