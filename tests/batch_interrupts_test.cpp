@@ -185,13 +185,11 @@ TEST(BatchInterrupts, EndedAtAnyMomentARecordsFilesAreBothTheOlderOrBothTheNewOn
     for (std::uint32_t i = 0; i < traces; ++i) {
         listing += std::to_string(i + 1) + "    3      0     0.00025     "
                    + (i % 2 == 0 ? "2500" : "5000") + "      0      0\n";
-        pointers += number(32 + 4 * traces + 44 + 172 * i, 4);
+        pointers += inOrder(32 + 4 * traces + 44 + 172 * i, 4);
     }
-    const std::string bothTraces =
-        suSeg2Trace("2500", one + minusTwo + zero) + suSeg2Trace("5000", half + four + zero);
     expectWholeOutputs(folder, {"su", "line.su"},
                        {{"line_tmp", listing},
                         {"line.seg2", seg2Head(traces) + pointers + seg2FileStrings
-                                          + repeated(bothTraces, traces / 2)}},
+                                          + repeated(suSeg2Traces, traces / 2)}},
                        88, random);
 }
