@@ -263,7 +263,7 @@ TEST(BatchRefusals, SurveysWithoutShotsOrReceivers)
 TEST(BatchRefusals, BinaryFileIsQuotedInOneShortLine)
 {
     const std::string beginning =
-        "line:1: \"Shot number, Shot elevation\" is expected: Invalid header : ?[31m?";
-    expectTextRefused("winsism", "\x1b[31m\r" + std::string(5000, 'x') + "\n",
+        "line:1: \"Shot number, Shot elevation\" is expected: Invalid header : ?[31m??";
+    expectTextRefused("winsism", "\x1b[31m\r\x7f" + std::string(5000, 'x') + "\n",
                       beginning + std::string(1000 - beginning.size(), 'x') + "...");
 }
