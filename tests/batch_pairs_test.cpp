@@ -228,7 +228,7 @@ TEST(BatchPairs, DiskThatFillsUp)
         GTEST_SKIP() << "No file system can be mounted here: " << systemText(errno);
     // The listing fits, the SEG2 file, as large as the record, does not.
     std::string header = suFile.substr(0, 240);
-    header.replace(114, 2, number(10000, 2));
+    header.replace(114, 2, inOrder(10000, 2));
     folder.write("disk/line.su", header + std::string(40000, '\0'));
     folder.write("disk/line_tmp", "older");
     folder.write("disk/line.seg2", "older");
