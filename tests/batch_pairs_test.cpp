@@ -48,7 +48,11 @@ BatchRun runWith(const RenameFault &fault, const BatchFolder &folder,
     set("RENAME_ERROR", fault.error);
     set("RENAME_ALL", fault.fromThereOn ? 1 : 0);
     set("RENAME_NO_EXCHANGE", fault.canExchange ? 0 : 1);
-    environment.insert("LD_PRELOAD", INTERPOSED_RENAMES);
+    // By a link: a blank in the library's path would end it.
+    const TemporaryFolder link;
+    const std::string library = link.path("renames.so");
+    std::filesystem::create_symlink(INTERPOSED_RENAMES, library);
+    environment.insert("LD_PRELOAD", QString::fromStdString(library));
     // An address sanitizer otherwise insists on being loaded first.
     environment.insert("ASAN_OPTIONS",
                        environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
