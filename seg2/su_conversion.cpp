@@ -55,10 +55,10 @@ void readRecord(Record &record, Report &report)
 
 void remarkOnPositions(const Record &record, Report &report)
 {
-    remarkOnPosition(record.sourceX.value_or(0.0), report, "trace 1: ");
+    remarkOnPosition(record.sourceX.value_or(0.0), report, 1);
     std::size_t number = 0;
     for (const ListingTrace &line : record.lines)
-        remarkOnPosition(line.receiverX, report, "trace " + std::to_string(++number) + ": ");
+        remarkOnPosition(line.receiverX, report, ++number);
 }
 
 std::uint32_t availableSamples(const Record &record, std::size_t trace, std::uint32_t count)

@@ -253,10 +253,14 @@ std::vector<float> readSuSamples(QFile &file, std::size_t trace, std::uint32_t c
                                  SuFindings &findings)
 {
     reader.sampleFormat = 5;
-    std::vector<float> samples(count);
-    file.seek(static_cast<qint64>(trace * suTraceSize(reader.sampleCount) + suHeaderSize));
-    samples.resize(readFully(file, reinterpret_cast<char *>(samples.data()), 4 * samples.size())
-                   / 4);
+    // The next header is read with them, so that the samples after it need no seek.
+    std::vector<float> samples(count + suHeaderSize / sizeof(float));
+    const auto start = static_cast<qint64>(trace * suTraceSize(reader.sampleCount) + suHeaderSize);
+    if (file.pos() != start)
+        file.seek(start);
+    const std::size_t size =
+        readFully(file, reinterpret_cast<char *>(samples.data()), 4 * samples.size());
+    samples.resize(std::min<std::size_t>(count, size / 4));
     if (!samples.empty() && samples.size() == reader.sampleCount)
         samples.back() = 0.0F; // the last one of a trace does not count
     decode(samples);

@@ -232,7 +232,6 @@ TEST(BatchRefusals, SeisImagerReceiverLineThatIsMissing)
     // The second shot's line is read as a receiver, so that its first receiver is read as a shot.
     expectTextRefused(
         "seisimager", "0 0 0\n0 2\n-2.5 3 0\n0 2.1 1\n5 10.5 1\n12.5 3 0\n0 15.2 1\n5 8.1 1\n",
-        "line:7: \"15.2\" is read as 15: write a whole number in digits\n"
         "line:6: shot 1, line 3, says 3 receivers, but line 6 looks like a shot line: "
         "invalid vector subscript");
 }
@@ -264,7 +263,7 @@ TEST(BatchRefusals, SurveysWithoutShotsOrReceivers)
 TEST(BatchRefusals, BinaryFileIsQuotedInOneShortLine)
 {
     const std::string beginning =
-        "line:1: \"Shot number, Shot elevation\" is expected: Invalid header : ?[31m?";
-    expectTextRefused("winsism", "\x1b[31m\r" + std::string(5000, 'x') + "\n",
+        "line:1: \"Shot number, Shot elevation\" is expected: Invalid header : ?[31m??";
+    expectTextRefused("winsism", "\x1b[31m\r\x7f" + std::string(5000, 'x') + "\n",
                       beginning + std::string(1000 - beginning.size(), 'x') + "...");
 }

@@ -221,6 +221,20 @@ TEST(BatchSeismicUnix, InputsThatCannotBeRead)
     EXPECT_EQ(folder.run({"dolang", "L.ADT", "missing"}),
               (BatchRun{1, "", "L.ADT: this is a folder\nmissing.ADT: no such file\n"}));
     EXPECT_EQ(folder.names(), (Names{"L.ADT", "folder.su"}));
+    fs::create_symlink("loop", folder.path("loop"));
+    expectRefused(folder, {"su", "loop"}, "loop: " + systemText(ELOOP));
+}
+
+TEST(BatchSeismicUnix, WorkingFolderThatIsGone)
+{
+    const BatchFolder folder;
+    folder.write("line.su", suFile);
+    QProcess process;
+    process.setWorkingDirectory(QString::fromStdString(folder.path("")));
+    process.start("sh", {"-c", "mkdir gone && cd gone && rmdir ../gone && \"$0\" su a.su \"$1\"",
+                         BATCH_COMMAND, QString::fromStdString(folder.path("line.su"))});
+    EXPECT_EQ(finish(process), (BatchRun{1, "", "a.su: no such file\n"}));
+    EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
 }
 
 TEST(BatchSeismicUnix, InputThatIsItsOwnOutputIsRefused)

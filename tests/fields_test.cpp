@@ -292,6 +292,23 @@ TEST(ReadPosition, TheWorstIsNamed)
     EXPECT_EQ((report.remarkCounts[{"shot3.txt", RemarkKind::roundedPosition}]), 3U);
 }
 
+TEST(RemarkOnPosition, NamesTheTraceOfAPositionThatIsInNoLine)
+{
+    Report report;
+    report.place = {"line.su", 0};
+    remarkOnPosition(12345.6, report, 1);
+    EXPECT_EQ(remarksOf(report), Texts{});
+    remarkOnPosition(12345.67, report, 2);
+    EXPECT_EQ(remarksOf(report),
+              Texts{"rounded position, trace 2: a position of 12345.67 m becomes 12345.7 m, as the "
+                    "output has six digits"});
+    remarkOnPosition(12345.64, report);
+    EXPECT_EQ(
+        remarksOf(report),
+        Texts{"rounded position, a position of 12345.64 m becomes 12345.6 m, as the output has "
+              "six digits"});
+}
+
 TEST(ReadTime, IsInSeconds)
 {
     Report report = reportAtLine17();

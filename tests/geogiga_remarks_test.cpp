@@ -19,14 +19,14 @@ Texts remarksOn(const std::string &text)
 }
 
 /// A file with a shot for each of these positions of receivers, from line 5 on.
-std::string shotsOn(const std::vector<Numbers> &layouts)
+std::string shotsOn(const std::vector<std::vector<int>> &layouts)
 {
     std::string text = "TX_CURVE\nVERSION: 1\nELEVATION: 1\nTOTAL_NUMBER_OF_SHOTS: "
                        + std::to_string(layouts.size()) + '\n';
-    for (const Numbers &layout : layouts) {
+    for (const std::vector<int> &layout : layouts) {
         text += "SEISMIC_DATA_FILE_NAME: a\nSHOT_LOCATION: 1\nNUMBER_OF_RECEIVERS: "
                 + std::to_string(layout.size()) + "\nNO\n";
-        for (const double x : layout)
+        for (const int x : layout)
             text += "1 " + std::to_string(x) + " 0.01 1\r\n";
         if (layout.empty())
             text += "\r\n";

@@ -232,7 +232,7 @@ TEST(SuConversion, NothingIsLeftOfAFileConvertedBefore)
 TEST(SuConversion, LinesOfBothStreamsKeepTheirOrder)
 {
     const TemporaryFolder folder;
-    const auto linesOf = [&folder](const std::string &path) {
+    const auto linesOf = [](const std::string &path) {
         std::ostringstream both;
         std::streambuf *const output = std::cout.rdbuf(both.rdbuf());
         std::streambuf *const error = std::cerr.rdbuf(both.rdbuf());

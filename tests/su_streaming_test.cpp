@@ -136,7 +136,7 @@ long megabytesFor(int traces, std::ostream *progress)
 // Stands first: what is measured is the most that the process ever held.
 TEST(SuStreaming, MemoryDoesNotGrowWithTheSamples)
 {
-    if (holdsOnToMemory)
+    if (isAddressSanitized)
         GTEST_SKIP() << "under a sanitizer";
     EXPECT_LT(megabytesFor(2000, nullptr), 8); // 80 MB
     NullBuffer nobody;
