@@ -48,7 +48,9 @@ void checkListing(const std::string &path, std::optional<double> sourceX)
     Outcome outcome = runInner([&](Report &report) {
         progress.str("");
         report.place = {path};
-        convertListing(path, seg2Path, sourceX, {available, read}, &progress, report);
+        const bool converted =
+            convertListing(path, seg2Path, sourceX, {available, read}, &progress, report);
+        require(converted != report.printed.ends_with("EXCEPTION!\n"), "false for an exception");
         return !report.failure;
     });
     outcome.output = progress.str();
