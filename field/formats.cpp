@@ -107,6 +107,8 @@ FoundFormat findFormat(const std::string &path, const Format *from, Report &repo
                        + candidates.front().format->name);
         return {from, "--from"};
     }
+    if (const Format *const named = formatWrittenTo(path); candidates.empty() && named != nullptr)
+        return {named, "its name"}; // its reader says what is wrong with the content
     std::string names;
     for (const FoundFormat &candidate : candidates)
         names += (names.empty() ? "" : " or ") + candidate.format->name;
