@@ -76,8 +76,9 @@ bool convertDolangSet(const std::string &base, const Request &request)
         const std::string header = base + kind.headerExtension;
         Report report;
         if (isChannelFile(base) && !isThere(header))
-            fail(report, {base}, "this is one channel of a set: name the set by its base, "
-                                     + beforeLastDot(base) + ", or by a header");
+            fail(report, {base},
+                 "this is one channel of a set: name the set by its base, " + beforeLastDot(base)
+                     + ", or by a header");
         else
             isReadableFromItsStart(header, report);
         return makeRecord(
