@@ -147,9 +147,10 @@ TEST(FieldPickContent, RowsThatCouldBeTwoFormats)
 TEST(FieldPickContent, CountsThatTheStartDoesNotReach)
 {
     std::string start = "First breaks, ms\n1 2\n-5 90000\n";
+    const std::size_t headSize = start.size();
     while (start.size() < startSize)
         start += "0 5.25 0.5\n";
-    // As far as it goes the third field could be a time.
-    EXPECT_EQ(claimsOf(start), "generic");
+    // The rows that are missing may follow, unless the file ends before.
     EXPECT_EQ(claimsOf(start.substr(0, startSize)), "generic seisimager");
+    EXPECT_EQ(claimsOf(start.substr(0, headSize + 110)), "generic");
 }
