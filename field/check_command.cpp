@@ -129,7 +129,7 @@ bool checkFiles(const Request &request, Outcome &outcome)
         Report report;
         const Input input = openInput(request.files[i], request, report);
         if (holdsPicks(input)) {
-            if (input.format->readPicks(input.path, options, survey, report))
+            if (readPicks(input, options, survey, report))
                 addVerdict(outcome, input, options);
         } else if (input.format != nullptr) {
             checkRecord(outcome, input, report);

@@ -76,7 +76,7 @@ int convertPicks(const Request &request, const Format &target, const std::vector
         PickSurvey survey;
         for (std::size_t i = 0; i < inputs.size() && !report.failure; ++i) {
             bar.show(static_cast<double>(i) / static_cast<double>(inputs.size() + 1));
-            inputs[i].format->readPicks(inputs[i].path, options, survey, report);
+            readPicks(inputs[i], options, survey, report);
         }
         if (!report.failure && !request.topography.empty()
             && isReadable(request.topography, report))
@@ -166,5 +166,5 @@ int runConvert(const Request &request)
     if (inputs.size() > 1 && !std::filesystem::is_directory(request.output, ignored))
         fail(report, {request.output}, "no folder: several records need one");
     const int status = conclude(report, request.isStrict, request.output);
-    return report.failure ? status : convertRecords(request, *target, inputs);
+    return status == converted ? convertRecords(request, *target, inputs) : status;
 }
