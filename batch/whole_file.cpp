@@ -227,7 +227,9 @@ bool putAllIntoPlace(const std::vector<std::string> &paths, std::vector<Output> 
     for (std::size_t i = 0; i < outputs.size(); ++i) {
         if (putIntoPlace(outputs[i], i + 1 == outputs.size()))
             continue;
-        fail(report, {paths[i]}, "cannot be replaced: " + std::generic_category().message(errno));
+        fail(report, {paths[i]},
+             (outputs[i].older ? "cannot be replaced: " : "cannot be made: ")
+                 + std::generic_category().message(errno));
         while (i-- > 0)
             takeBack(outputs[i], report);
         return false;
