@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include "traveltime/report.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <ostream>
 #include <string>
@@ -76,7 +79,8 @@ struct Seg2TraceHeader
 };
 
 /// Sets a string of the file descriptor block. A key that does not begin with one of the standard's
-/// keywords is stored too, after a warning on the standard error stream.
+/// keywords is stored too, with a warning. The second form writes it to the standard error stream.
+void setFileString(Seg2File &file, std::string key, std::string value, Report &report);
 void setFileString(Seg2File &file, std::string key, std::string value);
 
 /// A trace of `header.sampleCount` 32-bit floats, with the six strings that the header's values
@@ -96,3 +100,8 @@ void addTrace(Seg2File &file, const Seg2TraceHeader &header, std::vector<float> 
 /// Throws std::out_of_range "invalid vector subscript" for a trace with fewer samples, or a file
 /// with fewer trace pointers, than there must be.
 std::ostream &write(Seg2File &file, std::ostream &stream);
+
+/// The same for `traceCount` traces that are never in memory together: `addNext` adds one at a time
+/// with addTrace() to the file, which begins and ends without traces.
+std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
+                            const std::function<void()> &addNext, std::ostream &stream);
