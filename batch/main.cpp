@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "batch/report.h"
+#include "batch/clear_vector_registers.h"
+#include "batch/file_checks.h"
+#include "batch/messages.h"
+#include "batch/request.h"
 #include "batch/seismic_command.h"
 #include "batch/traveltime_command.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -15,24 +17,26 @@
 
 namespace {
 
-/// What a format takes on the command line.
 struct Format
 {
     QString name;
     qsizetype mostFiles;
     QStringList options;
+    int (*run)(const Request &request);
 };
 
 constexpr qsizetype anyNumber = std::numeric_limits<qsizetype>::max();
 
 const std::array formats = {
-    Format{"geogiga", 1, {"output"}},
-    Format{"winsism", 1, {"output"}},
-    Format{"seisimager", anyNumber, {"output"}},
-    Format{"generic", anyNumber, {"output", "shot", "shots"}},
-    Format{"su", anyNumber, {"echo"}},
-    Format{"dolang", anyNumber, {"echo"}},
+    Format{"geogiga", 1, {"output", "strict"}, runGeogiga},
+    Format{"winsism", 1, {"output", "strict"}, runWinsism},
+    Format{"seisimager", anyNumber, {"output", "strict"}, runSeisImager},
+    Format{"generic", anyNumber, {"output", "strict", "shot", "shots"}, runGeneric},
+    Format{"su", anyNumber, {"echo", "strict"}, runSeismicUnix},
+    Format{"dolang", anyNumber, {"echo", "strict"}, runDolang},
 };
+
+constexpr char formatNames[] = "geogiga, winsism, seisimager, generic, su or dolang";
 
 constexpr char description[] =
     "Converts first-break traveltimes into one OTTE file, and seismic records into\n"
@@ -46,9 +50,23 @@ constexpr char description[] =
     "  convert2velarix-batch su [--echo] LINE.su [MORE.su ...]\n"
     "  convert2velarix-batch dolang [--echo] LINE.ADT [MORE.ADT ...]\n"
     "\n"
-    "The exit status is 0 when the output was written whole, 1 when a conversion\n"
-    "failed and 2 for wrong usage. A failed conversion leaves an older output as it\n"
-    "was.";
+    "The exit status is 0 when all outputs were written whole, 1 when a conversion\n"
+    "failed and 2 for wrong usage. A failed conversion leaves older outputs as they\n"
+    "were.";
+
+void addOptions(QCommandLineParser &parser)
+{
+    parser.addOption({{"o", "output"}, "The OTTE file to write.", "file"});
+    parser.addOption({"shot",
+                      "Position of a generic file's shot; one for each file, in their order.",
+                      "x,elevation"});
+    parser.addOption(
+        {"shots", "List of generic files with their shots, a line file;x;elevation each.", "file"});
+    parser.addOption({"strict", "Make nothing of an input that there is a remark on."});
+    parser.addOption({"echo", "Write the progress of seismic conversions, every sample."});
+    parser.addPositionalArgument("format", formatNames);
+    parser.addPositionalArgument("files", "The files to convert.", "[files...]");
+}
 
 std::vector<std::string> toStrings(const QStringList &texts)
 {
@@ -58,52 +76,65 @@ std::vector<std::string> toStrings(const QStringList &texts)
     return strings;
 }
 
-int runGenericFiles(const std::vector<std::string> &files,
-                    const std::vector<std::string> &positions, const std::string &outputPath)
+/// Says what is wrong with the word that should be a format.
+int refuseFormat(const QString &word)
 {
-    if (files.size() != positions.size())
-        return refuseUsage("one --shot is needed for each file");
-    std::vector<GenericShot> shots;
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        GenericShot &shot = shots.emplace_back(GenericShot{files[i]});
-        if (!parsePosition(positions[i], ',', shot))
-            return refuseUsage("--shot takes X,ELEVATION, not \"" + positions[i] + '"');
+    const std::string quoted = '"' + word.toStdString() + '"';
+    const QString lower = word.toLower();
+    for (const Format &format : formats)
+        if (format.name == lower)
+            return refuseUsage(quoted + " is no format: write " + lower.toStdString());
+    if (isThere(word.toStdString()))
+        return refuseUsage("a format is needed before " + quoted + ": " + formatNames);
+    return refuseUsage(quoted + " is no format: the formats are " + formatNames);
+}
+
+/// What is wrong with the request; empty when nothing is.
+QString wrongUsageOf(const Format &format, const QCommandLineParser &parser)
+{
+    const QStringList files = parser.positionalArguments().mid(1);
+    const QStringList outputs = parser.values("output");
+    for (const QString option : {"output", "strict", "shot", "shots", "echo"})
+        if (parser.isSet(option) && !format.options.contains(option))
+            return format.name + " takes no --" + option;
+    if ((files + outputs + parser.values("shots")).contains("-"))
+        return "standard input and output are not taken: name a file instead of \"-\"";
+    if (format.options.contains("output") && (outputs.size() != 1 || outputs.front().isEmpty()))
+        return "one output file is needed: -o FILE";
+    if (parser.isSet("shots")) {
+        if (!files.isEmpty() || parser.isSet("shot") || parser.values("shots").size() > 1)
+            return "--shots names all files and positions alone";
+    } else if (files.isEmpty() || files.contains("")) {
+        return "an input file is needed";
     }
-    return runGeneric(shots, outputPath);
+    if (files.size() > format.mostFiles)
+        return format.name + " takes one input file";
+    return "";
 }
 
 int run(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
+    if (arguments.isEmpty())
+        return refuseUsage(std::string("a format is needed: ") + formatNames);
     const auto format = std::find_if(formats.begin(), formats.end(), [&](const Format &candidate) {
-        return !arguments.isEmpty() && candidate.name == arguments.front();
+        return candidate.name == arguments.front();
     });
     if (format == formats.end())
-        return refuseUsage(
-            "a format is needed: geogiga, winsism, seisimager, generic, su or dolang");
-    for (const QString option : {"output", "shot", "shots", "echo"})
-        if (parser.isSet(option) && !format->options.contains(option))
-            return refuseUsage((format->name + " takes no --" + option).toStdString());
+        return refuseFormat(arguments.front());
+    const QString reason = wrongUsageOf(*format, parser);
+    if (!reason.isEmpty())
+        return refuseUsage(reason.toStdString());
 
-    const std::vector<std::string> files = toStrings(arguments.mid(1));
-    const std::string outputPath = parser.value("output").toStdString();
-    if (format->options.contains("output")
-        && (outputPath.empty() || parser.values("output").size() > 1))
-        return refuseUsage("one output file is needed: -o FILE");
-    if (parser.isSet("shots")) {
-        if (!files.empty() || parser.isSet("shot") || parser.values("shots").size() > 1)
-            return refuseUsage("--shots names all files and positions alone");
-        return runGenericList(parser.value("shots").toStdString(), outputPath);
-    }
-    if (files.empty() || std::find(files.begin(), files.end(), "") != files.end())
-        return refuseUsage("an input file is needed");
-    if (arguments.size() - 1 > format->mostFiles)
-        return refuseUsage((format->name + " takes one input file").toStdString());
-    if (format->name == "generic")
-        return runGenericFiles(files, toStrings(parser.values("shot")), outputPath);
-    if (format->options.contains("output"))
-        return runTraveltimes(format->name.toStdString(), files, outputPath);
-    return runSeismic(format->name.toStdString(), files, parser.isSet("echo"));
+    Request request;
+    request.files = toStrings(arguments.mid(1));
+    request.output = parser.value("output").toStdString();
+    request.shotPositions = toStrings(parser.values("shot"));
+    request.shotList = parser.value("shots").toStdString();
+    request.isStrict = parser.isSet("strict");
+    request.isEchoed = parser.isSet("echo");
+    clearVectorRegisters(); // now that Qt is done with the words
+    return format->run(request);
 }
 
 } // namespace
@@ -119,15 +150,7 @@ int main(int argc, char *argv[])
     const QCommandLineOption help({"h", "help"}, "Show this help.");
     parser.addOption(help);
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOption({{"o", "output"}, "The OTTE file to write.", "file"});
-    parser.addOption({"shot",
-                      "Position of a generic file's shot; one for each file, in their order.",
-                      "x,elevation"});
-    parser.addOption(
-        {"shots", "List of generic files with their shots, a line file;x;elevation each.", "file"});
-    parser.addOption({"echo", "Write the progress of seismic conversions, every sample."});
-    parser.addPositionalArgument("format", "geogiga, winsism, seisimager, generic, su or dolang");
-    parser.addPositionalArgument("files", "The files to convert.", "[files...]");
+    addOptions(parser);
 
     const QStringList arguments = QCoreApplication::arguments();
 #ifndef _WIN32
@@ -135,8 +158,12 @@ int main(int argc, char *argv[])
         if (arguments[i].toLocal8Bit() != argv[i])
             return refuseUsage("argument " + std::to_string(i) + " is not valid UTF-8");
 #endif
-    if (!parser.parse(arguments))
-        return refuseUsage(parser.errorText().remove(QRegularExpression("\\.$")).toStdString());
+    if (!parser.parse(arguments)) {
+        QString reason = parser.errorText();
+        if (reason.endsWith('.'))
+            reason.chop(1);
+        return refuseUsage(reason.toStdString());
+    }
     if (parser.isSet(help))
         parser.showHelp();
     if (parser.isSet(version))

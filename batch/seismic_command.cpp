@@ -3,13 +3,15 @@
 
 #include "batch/seismic_command.h"
 
-#include "batch/report.h"
+#include "batch/file_checks.h"
+#include "batch/messages.h"
 #include "batch/whole_file.h"
 #include "seg2/dolang_conversion.h"
 #include "seg2/su_conversion.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <set>
 
@@ -19,66 +21,73 @@
 
 namespace {
 
-/// Makes a record's listing and its SEG2 file, both whole or neither.
-bool writeBoth(const std::string &listingPath, const std::string &seg2Path,
-               const std::function<bool(const std::string &, const std::string &)> &write,
-               Problem &problem)
+/// Converts a record into a listing and a SEG2 file, of these names; progress goes to the stream.
+using Convert = std::function<bool(const std::string &listingPath, const std::string &seg2Path,
+                                   std::ostream *progress)>;
+
+/// Makes both files of a record, if the report allows it, and shows what there is to say about the
+/// input. Returns whether all went well.
+bool makeRecord(const Request &request, const std::string &input, const std::string &listingPath,
+                const std::string &seg2Path, const Convert &convert, Report &report)
 {
-    return writeWhole(
-        listingPath,
-        [&](const std::string &listing) {
-            return writeWhole(
-                seg2Path, [&](const std::string &seg2) { return write(listing, seg2); }, problem);
-        },
-        problem);
+    const auto write = [&](const std::vector<std::string> &parts) {
+        convert(parts[0], parts[1], request.isEchoed ? &std::cout : nullptr);
+        if (request.isEchoed && !std::cout.flush())
+            fail(report, {"standard output"}, "cannot be written");
+        return isAccepted(report, request.isStrict);
+    };
+    if (!report.failure)
+        writeWhole({listingPath, seg2Path}, write, report);
+    return conclude(report, request.isStrict, input) == converted;
 }
 
-bool convertSu(const std::string &path)
+bool convertSuFile(const std::string &path, const Request &request)
 {
-    Problem problem;
     const std::string base = beforeLastDot(path);
-    if (isSameFile(path, base + ".seg2") || isSameFile(path, base + "_tmp"))
-        problem = {path, 0, "the output would replace this input"};
-    const bool whole =
-        isReadable(path, problem)
-        && writeBoth(
-            base + "_tmp", base + ".seg2",
-            [&](const std::string &listing, const std::string &seg2) {
-                return attempt([&] { return convertSuToSeg2(path, listing, seg2, problem); },
-                               problem);
+    const std::string listingPath = base + "_tmp";
+    const std::string seg2Path = base + ".seg2";
+    Report report;
+    if (isSameFile(path, seg2Path) || isSameFile(path, listingPath))
+        fail(report, {path}, "the output would replace this input");
+    else
+        isReadable(path, report);
+    return makeRecord(
+        request, path, listingPath, seg2Path,
+        [&](const std::string &listing, const std::string &seg2, std::ostream *progress) {
+            return convertSu(path, listing, seg2, progress, report);
+        },
+        report);
+}
+
+/// Whether the name is that of a channel file, such as LINE.A01.
+bool isChannelFile(const std::string &path)
+{
+    const std::size_t digits = path.find_last_not_of("0123456789") + 1;
+    return path.size() >= digits + 2
+           && std::any_of(dolangKinds.begin(), dolangKinds.end(), [&](const DolangKind &kind) {
+                  return path.substr(0, digits).ends_with(kind.channelSuffix);
+              });
+}
+
+/// Converts the kinds of a set in turn; one that fails ends it, as in the window.
+bool convertDolangSet(const std::string &base, const Request &request)
+{
+    return std::all_of(dolangKinds.begin(), dolangKinds.end(), [&](const DolangKind &kind) {
+        const std::string header = base + kind.headerExtension;
+        Report report;
+        if (isChannelFile(base) && !isThere(header))
+            fail(report, {base},
+                 "this is one channel of a set: name the set by its base, " + beforeLastDot(base)
+                     + ", or by a header");
+        else
+            isReadableFromItsStart(header, report);
+        return makeRecord(
+            request, header, kind.listingName, base + kind.seg2Ending,
+            [&](const std::string &listing, const std::string &seg2, std::ostream *progress) {
+                return convertDolang(base, kind, listing, seg2, progress, report);
             },
-            problem);
-    report(problem);
-    return whole;
-}
-
-/// Converts one kind of a Dolang set.
-bool convertKind(const std::string &base, const DolangKind &kind, Problem &problem)
-{
-    return isReadableFromItsStart(base + kind.headerExtension, problem)
-           && writeBoth(
-               kind.listingName, base + kind.seg2Ending,
-               [&](const std::string &listing, const std::string &seg2) {
-                   return attempt(
-                       [&] {
-                           return convertDolangKind(base, kind, listing, seg2, problem) ? 0 : 1;
-                       },
-                       problem);
-               },
-               problem);
-}
-
-bool convertDolang(const std::string &base)
-{
-    std::vector<Problem> problems;
-    for (const DolangKind &kind : dolangKinds) {
-        if (!convertKind(base, kind, problems.emplace_back())) {
-            report(problems.back());
-            return false;
-        }
-    }
-    std::for_each(problems.begin(), problems.end(), report); // remarks
-    return true;
+            report);
+    });
 }
 
 /// The bases of the Dolang sets named, each once, though all three headers may be named.
@@ -106,31 +115,42 @@ bool isTerminal()
 #endif
 }
 
-} // namespace
-
-int runSeismic(const std::string &format, const std::vector<std::string> &files, bool echo)
+/// Converts every input whose outputs, which begin with `baseOf` of it, replace no other's.
+int convertAll(const std::vector<std::string> &inputs, const Request &request,
+               std::string (*baseOf)(const std::string &input),
+               bool (*convert)(const std::string &input, const Request &request))
 {
-    if (!echo)
-        std::cout.setstate(std::ios::badbit);
-    const bool isDolang = format == "dolang";
-    const std::vector<std::string> inputs = isDolang ? dolangBases(files) : files;
     std::set<std::filesystem::path> bases;
     int status = converted;
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         if (isTerminal())
-            std::cerr << i + 1 << '/' << inputs.size() << ' ' << inputs[i] << '\n';
-        const std::string base = isDolang ? inputs[i] : beforeLastDot(inputs[i]);
-        if (!bases.insert(std::filesystem::weakly_canonical(std::filesystem::absolute(base)))
-                 .second) {
-            report({inputs[i], 0, "the output would replace that of an input before"});
-            status = conversionFailed;
-        } else if (!(isDolang ? convertDolang(base) : convertSu(inputs[i]))) {
-            status = conversionFailed;
+            std::cerr << std::to_string(i + 1) + '/' + std::to_string(inputs.size()) + ' '
+                             + inputs[i] + '\n';
+        const std::filesystem::path base = std::filesystem::absolute(baseOf(inputs[i]));
+        std::error_code error;
+        const std::filesystem::path canonical = std::filesystem::weakly_canonical(base, error);
+        if (bases.insert(error ? base : canonical).second) {
+            if (!convert(inputs[i], request))
+                status = conversionFailed;
+            continue;
         }
-    }
-    if (echo && !std::cout.flush()) {
-        report({"standard output", 0, "cannot be written"});
-        status = conversionFailed;
+        Report report;
+        fail(report, {inputs[i]}, "the output would replace that of an input before");
+        status = conclude(report, request.isStrict, inputs[i]);
     }
     return status;
+}
+
+} // namespace
+
+int runSeismicUnix(const Request &request)
+{
+    return convertAll(request.files, request, beforeLastDot, convertSuFile);
+}
+
+int runDolang(const Request &request)
+{
+    return convertAll(
+        dolangBases(request.files), request, [](const std::string &base) { return base; },
+        convertDolangSet);
 }

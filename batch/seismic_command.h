@@ -3,11 +3,12 @@
 
 #pragma once
 
-#include <string>
-#include <vector>
+#include "batch/request.h"
 
-/// Converts seismic records of `format`, "su" or "dolang", into SEG2 files, each on its own: every
-/// one is tried, a failure is told in one line, and the exit status says whether any failed. A
-/// Dolang set is named by its base or by any of its three headers. The lines that the conversions
-/// write about every sample are written only when `echo` is set.
-int runSeismic(const std::string &format, const std::vector<std::string> &files, bool echo);
+// Each converts seismic records into SEG2 files, every record on its own: all are tried, what there
+// is to say about them is shown, and the exit status says whether any failed.
+
+int runSeismicUnix(const Request &request);
+
+/// A set is named by its base or by any of its three headers.
+int runDolang(const Request &request);

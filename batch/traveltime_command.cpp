@@ -3,123 +3,135 @@
 
 #include "batch/traveltime_command.h"
 
-#include "batch/report.h"
+#include "batch/file_checks.h"
+#include "batch/messages.h"
 #include "batch/whole_file.h"
+#include "readers/geogiga.h"
+#include "readers/winsism.h"
 #include "traveltime/drivers.h"
 #include "traveltime/generic_text.h"
+#include "traveltime/otte_writer.h"
+#include "traveltime/survey_checks.h"
 #include "traveltime/text.h"
 
-#include <QString>
-#include <QStringList>
-
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
+#include <functional>
 
 namespace {
 
-using Check = bool(const std::string &path, Problem &problem);
-using Conversion = std::function<std::int32_t(const std::string &outputPath, Problem &problem)>;
+using Check = bool(const std::string &path, Report &report);
+using Read = std::function<bool(TraveltimeSurvey &survey, Report &report)>;
 
-int run(const std::vector<std::string> &files, Check &isUsable, const std::string &outputPath,
-        const Conversion &conversion)
+/// Reads `files` with `read`, their times in `unit`, and writes the survey if the report allows it.
+int convert(const Request &request, const std::vector<std::string> &files, Check &isUsable,
+            const std::string &unit, const Read &read)
 {
-    Problem problem;
-    for (const std::string &file : files) {
-        if (isUsable(file, problem) && isSameFile(file, outputPath))
-            problem.detail = "the output would replace this input";
-        if (!problem.detail.empty()) {
-            report(problem);
-            return conversionFailed;
-        }
-    }
-    const bool whole = writeWhole(
-        outputPath,
-        [&](const std::string &path) {
-            return attempt([&] { return conversion(path, problem); }, problem);
-        },
-        problem);
-    report(problem);
-    return whole ? converted : conversionFailed;
+    Report report;
+    for (const std::string &file : files)
+        if (!report.failure && isUsable(file, report) && isSameFile(file, request.output))
+            fail(report, {file}, "the output would replace this input");
+    const auto readAndWrite = [&](const std::vector<std::string> &parts) {
+        TraveltimeSurvey survey;
+        if (read(survey, report))
+            checkSurvey(survey, unit, report);
+        return isAccepted(report, request.isStrict) && writeOtte(parts.front(), survey, report);
+    };
+    if (!report.failure)
+        writeWhole({request.output}, readAndWrite, report);
+    return conclude(report, request.isStrict, request.output);
 }
 
-bool readList(const std::string &path, std::vector<GenericShot> &shots, Problem &problem)
+/// Generic files with the positions of their shots.
+struct GenericShots
 {
+    std::vector<std::string> files;
+    std::vector<double> xs;
+    std::vector<double> elevations;
+};
+
+/// Whether all of `text` is a number, which becomes `value`.
+bool isNumber(const std::string &text, double &value)
+{
+    Report report;
+    value = readNumber(text, report);
+    return report.remarks.empty();
+}
+
+/// Adds a shot whose position is "x<separator>elevation"; false when these are not two numbers.
+bool addShot(GenericShots &shots, const std::string &file, const std::string &position,
+             char separator)
+{
+    const std::size_t end = std::min(position.find(separator), position.size());
+    shots.files.push_back(file);
+    return isNumber(position.substr(0, end), shots.xs.emplace_back()) && end < position.size()
+           && isNumber(position.substr(end + 1), shots.elevations.emplace_back());
+}
+
+bool readShotList(const Request &request, GenericShots &shots, Report &report)
+{
+    const std::string &path = request.shotList;
+    if (isSameFile(path, request.output))
+        return fail(report, {path}, "the output would replace this input");
+    if (!isReadableText(path, report))
+        return false;
     const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    TextFile file = loadText(path, problem);
+    TextFile file = loadText(path, report);
     if (markSize(file.text) == 3)
         file.position = 3;
     std::string line;
-    while (problem.detail.empty() && nextLine(file, line, problem)) {
+    while (!report.failure && nextLine(file, line, report)) {
         const std::size_t nameEnd = line.find(';');
-        GenericShot shot{(folder / line.substr(0, nameEnd)).string()};
         if (nameEnd == 0 || nameEnd == std::string::npos
-            || !parsePosition(line.substr(nameEnd + 1), ';', shot))
-            tell(problem, "\"file;x;elevation\" expected");
-        shots.push_back(shot);
+            || !addShot(shots, (folder / line.substr(0, nameEnd)).string(),
+                        line.substr(nameEnd + 1), ';'))
+            fail(report, "\"file;x;elevation\" expected");
     }
-    if (shots.empty() && problem.detail.empty())
-        problem = {path, 0, "no shot is listed"};
-    return problem.detail.empty();
-}
-
-bool toNumber(const QString &text, double &value)
-{
-    bool isNumber = false;
-    value = text.toDouble(&isNumber);
-    return isNumber && std::isfinite(value);
+    if (shots.files.empty())
+        fail(report, {path}, "no shot is listed");
+    return !report.failure;
 }
 
 } // namespace
 
-int runTraveltimes(const std::string &format, const std::vector<std::string> &files,
-                   const std::string &outputPath)
+int runGeogiga(const Request &request)
 {
-    // Of a SeisImager file the first line is passed over.
-    Check &isUsable = format == "seisimager" ? isReadableText : isReadableFromItsStart;
-    return run(files, isUsable, outputPath, [&](const std::string &path, Problem &problem) {
-        if (format == "geogiga")
-            return convertGeogiga(files.front(), path, problem);
-        if (format == "winsism")
-            return convertWinsism(files.front(), path, problem);
-        if (files.size() == 1)
-            return convertSeisImager(files.front(), path, problem);
-        return convertSeisImagerFiles(files, path, problem);
-    });
+    return convert(request, request.files, isReadableFromItsStart, "seconds",
+                   [&](TraveltimeSurvey &survey, Report &report) {
+                       return readGeogiga(request.files.front(), survey, report);
+                   });
 }
 
-int runGeneric(const std::vector<GenericShot> &shots, const std::string &outputPath)
+int runWinsism(const Request &request)
 {
-    std::vector<std::string> files;
-    std::vector<double> shotXs;
-    std::vector<double> shotElevations;
-    for (const GenericShot &shot : shots) {
-        files.push_back(shot.file);
-        shotXs.push_back(shot.x);
-        shotElevations.push_back(shot.elevation);
-    }
-    return run(files, isReadableFromItsStart, outputPath,
-               [&](const std::string &path, Problem &problem) {
-                   return convertGenericText(files, path, shotXs, shotElevations, problem);
-               });
+    return convert(request, request.files, isReadableFromItsStart, "milliseconds",
+                   [&](TraveltimeSurvey &survey, Report &report) {
+                       return readWinsism(request.files.front(), survey, report);
+                   });
 }
 
-int runGenericList(const std::string &listPath, const std::string &outputPath)
+int runSeisImager(const Request &request)
 {
-    Problem problem;
-    std::vector<GenericShot> shots;
-    if (isSameFile(listPath, outputPath))
-        problem = {listPath, 0, "the output would replace this input"};
-    if (!isReadableText(listPath, problem) || !readList(listPath, shots, problem)) {
-        report(problem);
-        return conversionFailed;
-    }
-    return runGeneric(shots, outputPath);
+    // The first line of a file is passed over.
+    return convert(request, request.files, isReadableText, "milliseconds",
+                   [&](TraveltimeSurvey &survey, Report &report) {
+                       return readSeisImagerFiles(request.files, survey, report);
+                   });
 }
 
-bool parsePosition(const std::string &text, char separator, GenericShot &shot)
+int runGeneric(const Request &request)
 {
-    const QStringList numbers = QString::fromStdString(text).split(QChar(separator));
-    return numbers.size() == 2 && toNumber(numbers[0], shot.x)
-           && toNumber(numbers[1], shot.elevation);
+    GenericShots shots;
+    if (Report report; !request.shotList.empty() && !readShotList(request, shots, report))
+        return conclude(report, request.isStrict, request.output);
+    if (request.files.size() != request.shotPositions.size())
+        return refuseUsage("one --shot is needed for each file");
+    for (std::size_t i = 0; i < request.files.size(); ++i)
+        if (!addShot(shots, request.files[i], request.shotPositions[i], ','))
+            return refuseUsage("--shot takes X,ELEVATION, not \"" + request.shotPositions[i] + '"');
+    return convert(request, shots.files, isReadableFromItsStart, "seconds",
+                   [&](TraveltimeSurvey &survey, Report &report) {
+                       return readGenericFiles(shots.files, shots.xs, shots.elevations, survey,
+                                               report);
+                   });
 }

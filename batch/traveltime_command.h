@@ -3,29 +3,17 @@
 
 #pragma once
 
-#include <string>
-#include <vector>
+#include "batch/request.h"
 
-/// A generic traveltime file with the position of its shot.
-struct GenericShot
-{
-    std::string file;
-    double x = 0.0;
-    double elevation = 0.0;
-};
+// Each converts traveltime files of one format into one OTTE file, shows what there is to say about
+// them and returns the exit status.
 
-// Each converts traveltime files into one OTTE file, tells a failure in one line and returns the
-// exit status.
+int runGeogiga(const Request &request);
+int runWinsism(const Request &request);
 
-/// `format` is "geogiga", "winsism" (one file each) or "seisimager".
-int runTraveltimes(const std::string &format, const std::vector<std::string> &files,
-                   const std::string &outputPath);
+/// Merges all files into one survey.
+int runSeisImager(const Request &request);
 
-int runGeneric(const std::vector<GenericShot> &shots, const std::string &outputPath);
-
-/// Takes the shots from a list with a line "file;x;elevation" for each; a name that is not absolute
-/// counts from the list's folder.
-int runGenericList(const std::string &listPath, const std::string &outputPath);
-
-/// Parses "x<separator>elevation"; false when these are not two numbers.
-bool parsePosition(const std::string &text, char separator, GenericShot &shot);
+/// The files with the shot positions, or the files of the shot list, which has a line
+/// "file;x;elevation" for each; a name that is not absolute counts from the list's folder.
+int runGeneric(const Request &request);

@@ -3,19 +3,24 @@
 
 #pragma once
 
-#include "traveltime/problem.h"
+#include "traveltime/report.h"
 
 #include <functional>
 #include <string>
+#include <vector>
 
-/// Makes an output that appears under its name only when it is whole. `write` gets the path of a
-/// new file beside `path` and says whether it wrote all of it; then the new file takes the place of
-/// `path`, keeping its permissions. Otherwise, and when a signal that can be caught (an interrupt,
-/// a hang-up, a closed pipe, a request to end, a time limit) ends the process, the new file is
-/// removed and what stood under `path` stays as it was. A device or a pipe has no place to take and
-/// is written directly; a file that can only be reached as the process's standard output is
-/// refused.
+/// Makes one or two outputs that belong together: all become new, or all stay as they were.
 ///
-/// Returns whether the output is whole; if not, `problem` says why.
-bool writeWhole(const std::string &path, const std::function<bool(const std::string &)> &write,
-                Problem &problem);
+/// `write` gets the path of a new file beside each of `paths`, in their order, and returns whether
+/// it wrote all of them whole. Then the new files take the places of `paths`, with the permissions
+/// of the older files. If `write` returns false or throws, or if an output cannot be replaced, the
+/// new files are removed and older ones are put back. The same holds when an interrupt (SIGINT), a
+/// request to end (SIGTERM), a hang-up or a closed pipe ends the process; while the new files take
+/// their places, these signals wait.
+///
+/// A link is followed. A device or a pipe has no place to take: it is written directly. A regular
+/// file behind the process's standard output cannot be replaced, so it is refused.
+///
+/// Returns whether all outputs are new; if not, the report has a failure.
+bool writeWhole(const std::vector<std::string> &paths,
+                const std::function<bool(const std::vector<std::string> &)> &write, Report &report);
