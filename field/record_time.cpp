@@ -130,6 +130,8 @@ std::optional<std::string> readSeg2Time(std::string_view text)
 
 std::string seg2Date(const std::string &date)
 {
+    if (date.empty())
+        return "";
     const auto month =
         static_cast<std::size_t>(*plainNumber<int>(std::string_view(date).substr(5, 2)));
     return date.substr(8, 2) + '/' + std::string(months.at(month - 1)) + '/' + date.substr(0, 4);

@@ -35,5 +35,5 @@ std::optional<std::string> readSeg2Date(std::string_view text);
 /// A time as SEG2 files have it: "13:58:30", "9:05", "13:58:30.25".
 std::optional<std::string> readSeg2Time(std::string_view text);
 
-/// "22/Mar/2022".
+/// "22/Mar/2022"; empty for an empty date.
 std::string seg2Date(const std::string &date);

@@ -5,7 +5,9 @@
 
 #include "field/numbers.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <type_traits>
 
 namespace {
@@ -42,6 +44,16 @@ std::optional<SampleRounding> convert(const std::vector<Sample> &samples, double
 std::size_t sampleCountOf(const Samples &samples)
 {
     return std::visit([](const auto &values) { return values.size(); }, samples);
+}
+
+bool hasEqualSamples(const Samples &samples)
+{
+    const auto areEqual = [](const auto &values) {
+        return values.size() > 1
+               && std::adjacent_find(values.begin(), values.end(), std::not_equal_to<>())
+                      == values.end();
+    };
+    return std::visit(areEqual, samples);
 }
 
 std::optional<SampleRounding> toFloats(const Samples &samples, double factor,

@@ -19,6 +19,9 @@ struct SampleRounding
     float rounded = 0.0F;
 };
 
+/// Whether there are several samples, all of them equal, as in a trace without a signal.
+bool hasEqualSamples(const Samples &samples);
+
 /// The samples times `factor` as 32-bit floats. Returns the sample that becomes another most; of
 /// products only one that is too large for a float, and becomes infinite.
 std::optional<SampleRounding> toFloats(const Samples &samples, double factor,

@@ -252,7 +252,7 @@ Seg2Strings stringsOf(const RecordTrace &trace, const Seg2Common &common)
     if (trace.isDead)
         strings[kindKey] = deadKind;
     if (trace.date != common.date && !strings.contains(dateKey))
-        strings[dateKey] = trace.date.empty() ? "" : seg2Date(trace.date);
+        strings[dateKey] = seg2Date(trace.date);
     if (trace.time != common.time && !strings.contains(timeKey))
         strings[timeKey] = trace.time;
     return strings;

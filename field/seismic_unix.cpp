@@ -23,7 +23,7 @@
 
 namespace {
 
-constexpr std::size_t headerSize = std::tuple_size_v<SuHeader>;
+constexpr std::size_t headerSize = std::tuple_size_v<SuHeaderBytes>;
 
 /// Whether the bytes of a header are not all of a text: fields that are 0 have zeros.
 bool hasZeros(const std::string &start)
@@ -78,7 +78,7 @@ bool readTraces(RecordInput &input, const SuLayout &layout, const TakeTrace &tak
     std::vector<float> samples;
     std::uint64_t position = 0;
     for (std::size_t number = 1; number <= layout.traceCount; ++number) {
-        const auto header = suHeaderAt(input, position, layout.byteOrder);
+        const auto header = headerAt(input, position, layout.byteOrder);
         samples.resize(header ? numberAt<std::uint16_t>(*header, su::sampleCount) : 0);
         const std::size_t size = samples.size() * sizeof(float);
         const std::string_view bytes = bytesAt(input, position + headerSize, size);
@@ -88,7 +88,7 @@ bool readTraces(RecordInput &input, const SuLayout &layout, const TakeTrace &tak
         position += headerSize + size;
         file.fractionRead = static_cast<double>(position) / static_cast<double>(input.size);
 
-        RecordTrace trace = readSuHeader(*header, number, readings);
+        RecordTrace trace = traceOf(*header, number, readings);
         trace.samples = std::move(samples);
         if (!take(file, trace))
             return false;
@@ -102,7 +102,7 @@ bool endsWell(RecordInput &input, const SuLayout &layout, Report &report)
 {
     if (layout.end == input.size)
         return true;
-    const auto header = suHeaderAt(input, layout.end, layout.byteOrder);
+    const auto header = headerAt(input, layout.end, layout.byteOrder);
     const bool isEmpty = header && numberAt<std::uint16_t>(*header, su::sampleCount) == 0;
     const std::size_t number = layout.traceCount + 1;
     const std::string name = "trace " + grouped(number);
@@ -162,8 +162,8 @@ bool put(SuOutput &output, const RecordTrace &trace, Report &report)
 {
     const std::size_t number = ++output.traceCount;
     const std::size_t sampleCount = sampleCountOf(trace.samples);
-    SuHeader header;
-    std::string refusal = makeSuHeader(trace, number, header, output.roundings);
+    SuHeaderBytes header;
+    std::string refusal = makeHeader(trace, number, header, output.roundings);
     if (refusal.empty())
         refusal = refusalOf(sampleCount);
     const std::vector<float> &floats = floatsOf(trace, output, refusal);

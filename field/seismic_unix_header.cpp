@@ -66,7 +66,7 @@ std::size_t sizeOf(const SuField &field)
     return std::visit([](auto zero) { return sizeof zero; }, field.type);
 }
 
-std::string valueOf(const SuHeader &header, const SuField &field)
+std::string valueOf(const SuHeaderBytes &header, const SuField &field)
 {
     return std::visit(
         [&](auto zero) { return shortest(numberAt<decltype(zero)>(header, field.offset)); },
@@ -74,7 +74,7 @@ std::string valueOf(const SuHeader &header, const SuField &field)
 }
 
 /// False when the text is no number of the field's type.
-bool putValue(SuHeader &header, const SuField &field, const std::string &text)
+bool putValue(SuHeaderBytes &header, const SuField &field, const std::string &text)
 {
     return std::visit(
         [&](auto number) {
@@ -93,7 +93,7 @@ ByteOrder machineByteOrder()
     return std::endian::native == std::endian::big ? ByteOrder::bigEndian : ByteOrder::littleEndian;
 }
 
-void swapFields(SuHeader &header)
+void swapFields(SuHeaderBytes &header)
 {
     for (const SuField &field : suFields()) {
         char *const bytes = header.data() + field.offset;
@@ -101,7 +101,7 @@ void swapFields(SuHeader &header)
     }
 }
 
-int bitsTaken(const SuHeader &header)
+int bitsTaken(const SuHeaderBytes &header)
 {
     const auto bitsOf = [](auto number) {
         if constexpr (std::is_floating_point_v<decltype(number)>)
@@ -118,7 +118,7 @@ int bitsTaken(const SuHeader &header)
     return bits;
 }
 
-std::string fieldsAsText(const SuHeader &header, const SuHeader &expected,
+std::string fieldsAsText(const SuHeaderBytes &header, const SuHeaderBytes &expected,
                          const std::vector<std::size_t> &passedOver)
 {
     std::string text;
@@ -132,9 +132,9 @@ std::string fieldsAsText(const SuHeader &header, const SuHeader &expected,
     return text;
 }
 
-bool putFields(SuHeader &header, std::string_view text)
+bool putFields(SuHeaderBytes &header, std::string_view text)
 {
-    SuHeader changed = header;
+    SuHeaderBytes changed = header;
     std::istringstream words{std::string(text)};
     std::string name;
     std::string value;

@@ -13,7 +13,7 @@
 #include <vector>
 
 /// A Seismic Unix trace header, its numbers in this machine's byte order.
-using SuHeader = std::array<char, 240>;
+using SuHeaderBytes = std::array<char, 240>;
 
 /// Where its fields begin.
 namespace su {
@@ -43,7 +43,7 @@ inline constexpr std::size_t exactInterval = 180; // seconds, a float
 } // namespace su
 
 template <typename Number>
-Number numberAt(const SuHeader &header, std::size_t offset)
+Number numberAt(const SuHeaderBytes &header, std::size_t offset)
 {
     Number number = {};
     std::memcpy(&number, header.data() + offset, sizeof number);
@@ -51,7 +51,7 @@ Number numberAt(const SuHeader &header, std::size_t offset)
 }
 
 template <typename Number>
-void putNumber(SuHeader &header, std::size_t offset, Number number)
+void putNumber(SuHeaderBytes &header, std::size_t offset, Number number)
 {
     std::memcpy(header.data() + offset, &number, sizeof number);
 }
@@ -60,15 +60,15 @@ void putNumber(SuHeader &header, std::size_t offset, Number number)
 ByteOrder machineByteOrder();
 
 /// Reverses the bytes of every field.
-void swapFields(SuHeader &header);
+void swapFields(SuHeaderBytes &header);
 
 /// How many bits the whole numbers of a header take: few when it is read in its own byte order.
-int bitsTaken(const SuHeader &header);
+int bitsTaken(const SuHeaderBytes &header);
 
 /// The fields that `header` and `expected` have not in common, with the values of `header`:
 /// "tracl 7 cdp 3". Fields that begin at one of `passedOver` are left out.
-std::string fieldsAsText(const SuHeader &header, const SuHeader &expected,
+std::string fieldsAsText(const SuHeaderBytes &header, const SuHeaderBytes &expected,
                          const std::vector<std::size_t> &passedOver);
 
 /// Puts fields that fieldsAsText gave; false, with nothing put, when the text is another.
-bool putFields(SuHeader &header, std::string_view text);
+bool putFields(SuHeaderBytes &header, std::string_view text);

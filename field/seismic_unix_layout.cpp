@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::size_t headerSize = std::tuple_size_v<SuHeader>;
+constexpr std::size_t headerSize = std::tuple_size_v<SuHeaderBytes>;
 
 std::uint64_t traceSize(std::uint16_t sampleCount)
 {
@@ -66,7 +66,7 @@ SuLayout moreLikely(RecordInput &input)
     SuLayout big = layoutIn(input, ByteOrder::bigEndian);
     // Where both fill the file, or neither does, the order in which the header's numbers are small.
     const auto fit = [&input](const SuLayout &layout) {
-        const auto header = suHeaderAt(input, 0, layout.byteOrder);
+        const auto header = headerAt(input, 0, layout.byteOrder);
         return std::tuple(layout.end == input.size, layout.traceCount > 0,
                           header ? -bitsTaken(*header) : 0);
     };
@@ -100,12 +100,13 @@ std::optional<SuLayout> findSuLayout(RecordInput &input)
     return layout;
 }
 
-std::optional<SuHeader> suHeaderAt(RecordInput &input, std::uint64_t position, ByteOrder byteOrder)
+std::optional<SuHeaderBytes> headerAt(RecordInput &input, std::uint64_t position,
+                                      ByteOrder byteOrder)
 {
     const std::string_view bytes = fewBytesAt(input, position, headerSize);
     if (bytes.size() < headerSize)
         return std::nullopt;
-    SuHeader header;
+    SuHeaderBytes header;
     std::ranges::copy(bytes, header.begin());
     if (byteOrder != machineByteOrder())
         swapFields(header);

@@ -27,7 +27,8 @@ struct SuLayout
 std::optional<SuLayout> findSuLayout(RecordInput &input);
 
 /// The header at `position`; none when the file ends before it does.
-std::optional<SuHeader> suHeaderAt(RecordInput &input, std::uint64_t position, ByteOrder byteOrder);
+std::optional<SuHeaderBytes> headerAt(RecordInput &input, std::uint64_t position,
+                                      ByteOrder byteOrder);
 
 /// "big-endian".
 const char *nameOf(ByteOrder byteOrder);

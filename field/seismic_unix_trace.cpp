@@ -30,7 +30,7 @@ double toNumber(double metres, int scalar)
 
 /// The interval in seconds; 0 when the header does not say. Of d1, a float, the fewest digits are
 /// meant that read back: 0.00025 is no 32-bit float.
-double readInterval(const SuHeader &header, std::size_t number, SuReadings &readings)
+double readInterval(const SuHeaderBytes &header, std::size_t number, SuReadings &readings)
 {
     const auto microseconds = numberAt<std::uint16_t>(header, su::sampleInterval);
     const auto exact = plainNumber(shortest(numberAt<float>(header, su::exactInterval)));
@@ -46,7 +46,8 @@ double readInterval(const SuHeader &header, std::size_t number, SuReadings &read
     return *exact;
 }
 
-void readTime(const SuHeader &header, std::size_t number, RecordTrace &trace, SuReadings &readings)
+void readTime(const SuHeaderBytes &header, std::size_t number, RecordTrace &trace,
+              SuReadings &readings)
 {
     const auto at = [&header](std::size_t offset) {
         return static_cast<int>(numberAt<std::int16_t>(header, offset));
@@ -105,7 +106,7 @@ Fit fitOf(const Coordinates &coordinates, int scalar)
 
 /// Puts the coordinates by the scalar that the header has, if that is exact, or else by a power of
 /// ten.
-std::string putCoordinates(SuHeader &header, const Coordinates &coordinates, std::size_t trace,
+std::string putCoordinates(SuHeaderBytes &header, const Coordinates &coordinates, std::size_t trace,
                            SuRoundings &roundings)
 {
     constexpr double exactly = 1e-9; // metres: less than the last digits of map coordinates
@@ -136,7 +137,7 @@ std::string putCoordinates(SuHeader &header, const Coordinates &coordinates, std
     return "";
 }
 
-std::string putGeometry(SuHeader &header, const RecordTrace &trace, std::size_t number,
+std::string putGeometry(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number,
                         SuRoundings &roundings)
 {
     const Location source = trace.source.value_or(Location{});
@@ -159,7 +160,7 @@ std::string putGeometry(SuHeader &header, const RecordTrace &trace, std::size_t 
         number, roundings);
 }
 
-std::string putInterval(SuHeader &header, const RecordTrace &trace, std::size_t number,
+std::string putInterval(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number,
                         SuRoundings &roundings)
 {
     const double microseconds = std::round(trace.sampleInterval * 1e6);
@@ -176,7 +177,7 @@ std::string putInterval(SuHeader &header, const RecordTrace &trace, std::size_t 
     return "";
 }
 
-std::string putDelay(SuHeader &header, const RecordTrace &trace, std::size_t number,
+std::string putDelay(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number,
                      SuRoundings &roundings)
 {
     const double milliseconds = std::round(trace.delay * 1000.0);
@@ -192,7 +193,8 @@ std::string putDelay(SuHeader &header, const RecordTrace &trace, std::size_t num
     return "";
 }
 
-void putTime(SuHeader &header, const RecordTrace &trace, std::size_t number, SuRoundings &roundings)
+void putTime(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number,
+             SuRoundings &roundings)
 {
     const auto put = [&header](std::size_t offset, int value) {
         putNumber(header, offset, static_cast<std::int16_t>(value));
@@ -217,7 +219,7 @@ void putTime(SuHeader &header, const RecordTrace &trace, std::size_t number, SuR
 }
 
 /// 0 and less, which the fields of a header may say, count as 1.
-std::string putStackCount(SuHeader &header, const RecordTrace &trace)
+std::string putStackCount(SuHeaderBytes &header, const RecordTrace &trace)
 {
     if (trace.stackCount > std::numeric_limits<std::int16_t>::max())
         return "a stack of " + std::to_string(trace.stackCount) + ": 32,767 would fit";
@@ -227,9 +229,9 @@ std::string putStackCount(SuHeader &header, const RecordTrace &trace)
 }
 
 /// The header before what the trace says elsewhere is put into it.
-SuHeader plainHeader(const RecordTrace &trace, std::size_t number)
+SuHeaderBytes plainHeader(const RecordTrace &trace, std::size_t number)
 {
-    SuHeader header = {};
+    SuHeaderBytes header = {};
     putNumber(header, 0, static_cast<std::int32_t>(number));
     putNumber(header, 4, static_cast<std::int32_t>(number));
     putNumber(header, su::traceKind, std::int16_t{1});
@@ -251,7 +253,7 @@ constexpr std::int16_t deadKind = 2;
 
 } // namespace
 
-RecordTrace readSuHeader(const SuHeader &header, std::size_t number, SuReadings &readings)
+RecordTrace traceOf(const SuHeaderBytes &header, std::size_t number, SuReadings &readings)
 {
     RecordTrace trace;
     const auto metres = [&header](std::size_t offset, std::size_t scalarOffset) {
@@ -276,9 +278,9 @@ RecordTrace readSuHeader(const SuHeader &header, std::size_t number, SuReadings 
     trace.isDead = numberAt<std::int16_t>(header, su::traceKind) == deadKind;
     readTime(header, number, trace, readings);
 
-    SuHeader expected;
+    SuHeaderBytes expected;
     SuRoundings roundings;
-    makeSuHeader(trace, number, expected, roundings);
+    makeHeader(trace, number, expected, roundings);
     std::vector<std::size_t> said = {
         su::receiverElevation, su::sourceElevation, su::sourceX,     su::sourceY,
         su::receiverX,         su::receiverY,       su::sampleCount, su::sampleInterval,
@@ -290,8 +292,8 @@ RecordTrace readSuHeader(const SuHeader &header, std::size_t number, SuReadings 
     return trace;
 }
 
-std::string makeSuHeader(const RecordTrace &trace, std::size_t number, SuHeader &header,
-                         SuRoundings &roundings)
+std::string makeHeader(const RecordTrace &trace, std::size_t number, SuHeaderBytes &header,
+                       SuRoundings &roundings)
 {
     header = plainHeader(trace, number);
     if (const auto fields = trace.strings.find(headerKey); fields != trace.strings.end())

@@ -20,7 +20,7 @@ struct SuReadings
 };
 
 /// What a trace says by its header, samples aside.
-RecordTrace readSuHeader(const SuHeader &header, std::size_t number, SuReadings &readings);
+RecordTrace traceOf(const SuHeaderBytes &header, std::size_t number, SuReadings &readings);
 
 /// What headers say less exactly than the traces.
 struct SuRoundings
@@ -33,5 +33,5 @@ struct SuRoundings
 
 /// Makes the header of a trace, all but its number of samples. Returns what Seismic Unix has no
 /// room for, with what would fit; empty when there is none such.
-std::string makeSuHeader(const RecordTrace &trace, std::size_t number, SuHeader &header,
-                         SuRoundings &roundings);
+std::string makeHeader(const RecordTrace &trace, std::size_t number, SuHeaderBytes &header,
+                       SuRoundings &roundings);
