@@ -66,12 +66,13 @@ std::vector<float> readSamples(Record &record, std::size_t trace, std::uint32_t 
     if (record.isHeld) {
         const double *const held = record.heldSamples[trace].data();
         samples.assign(held, held + count);
+        if (!areFinite(samples))
+            takeOddSamples(record.findings, trace, samples);
     } else {
-        samples = readSuSamples(record.file, trace, count);
+        samples = readSuSamples(record.file, trace, count, record.findings);
         if (samples.size() < count)
             throw LostTrace{trace};
     }
-    takeSamples(record.findings, trace, samples);
     return samples;
 }
 

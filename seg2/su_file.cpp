@@ -83,13 +83,21 @@ std::vector<double> samplesOf(const QByteArray &trace)
     return samples;
 }
 
-/// Makes numbers of the bytes of a file. A signalling NaN becomes a quiet one, as it does when it
-/// is converted to a double.
+/// Makes numbers of the bytes of a file.
 void decode(std::vector<float> &samples)
 {
+    const auto count = static_cast<qsizetype>(samples.size());
+    if (reader.byteOrder == QSysInfo::LittleEndian)
+        qFromLittleEndian<float>(samples.data(), count, samples.data());
+    else
+        qFromBigEndian<float>(samples.data(), count, samples.data());
+}
+
+/// Makes a signalling NaN a quiet one, as it becomes when it is converted to a double.
+void makeQuiet(std::vector<float> &samples)
+{
     for (float &sample : samples) {
-        const auto bits =
-            numberFrom<std::uint32_t>(reinterpret_cast<const char *>(&sample), reader.byteOrder);
+        const auto bits = std::bit_cast<std::uint32_t>(sample);
         const bool isNan = (bits & 0x7fffffff) > 0x7f800000;
         sample = std::bit_cast<float>(isNan ? bits | 0x00400000 : bits);
     }
@@ -230,17 +238,20 @@ void readSuFile(QFile &file, const TakeSuTrace &take, SuFindings &findings, Repo
     reportOn(read, file, findings, report);
 }
 
-std::vector<float> readSuSamples(QFile &file, std::size_t trace, std::uint32_t count)
+std::vector<float> readSuSamples(QFile &file, std::size_t trace, std::uint32_t count,
+                                 SuFindings &findings)
 {
     reader.sampleFormat = 5;
     std::vector<float> samples(count);
-    // The last sample of a trace is not read.
-    const std::size_t readCount = std::min(count, std::max(reader.sampleCount, 1U) - 1);
     file.seek(static_cast<qint64>(trace * suTraceSize(reader.sampleCount) + suHeaderSize));
-    const std::size_t size =
-        readFully(file, reinterpret_cast<char *>(samples.data()), 4 * readCount);
-    if (size < 4 * readCount)
-        samples.resize(size / 4);
+    samples.resize(readFully(file, reinterpret_cast<char *>(samples.data()), 4 * samples.size())
+                   / 4);
+    if (!samples.empty() && samples.size() == reader.sampleCount)
+        samples.back() = 0.0F; // the last one of a trace does not count
     decode(samples);
+    if (!areFinite(samples)) {
+        takeOddSamples(findings, trace, samples);
+        makeQuiet(samples);
+    }
     return samples;
 }

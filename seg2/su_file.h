@@ -62,4 +62,5 @@ void readSuFile(QFile &file, const TakeSuTrace &take, SuFindings &findings, Repo
 
 /// Reads the first `count` samples of a trace, which must have as many, of the file that was
 /// indexed last. Traces are counted from 0. Fewer samples when the file cannot be read.
-std::vector<float> readSuSamples(QFile &file, std::size_t trace, std::uint32_t count);
+std::vector<float> readSuSamples(QFile &file, std::size_t trace, std::uint32_t count,
+                                 SuFindings &findings);

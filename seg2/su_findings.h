@@ -36,14 +36,17 @@ struct SuFindings
     SuLoss sampleCounts = {};
     SuLoss intervals = {};
     SuLoss samples = {};           ///< not finite
-    std::size_t tracesChecked = 0; ///< of these the samples have passed
+    std::size_t tracesChecked = 0; ///< traces before this one count no more for `samples`
 };
 
 /// Takes a trace's header; the traces come in their order.
 void takeHeader(SuFindings &findings, std::size_t trace, const SuHeader &header);
 
-/// Takes the samples of a trace, once: traces that are read again count no more.
-void takeSamples(SuFindings &findings, std::size_t trace, const std::vector<float> &samples);
+/// Whether no sample is infinite or a NaN.
+bool areFinite(const std::vector<float> &samples);
+
+/// Takes samples of a trace that are not all finite. A trace that is read again counts no more.
+void takeOddSamples(SuFindings &findings, std::size_t trace, const std::vector<float> &samples);
 
 /// Remarks on what the headers say. `bytesLeft` are those after the last whole trace.
 void remarkOnHeaders(const SuFindings &findings, std::size_t bytesLeft, Report &report);
