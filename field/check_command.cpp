@@ -11,6 +11,7 @@
 #include "field/progress_bar.h"
 #include "field/record_checks.h"
 #include "field/window_verdict.h"
+#include "traveltime/text.h"
 
 #include <QString>
 

@@ -59,7 +59,6 @@ QJsonObject toJson(const RecordSummary &summary)
     for (const auto &[name, value] : summary.file.strings)
         strings[QString::fromStdString(name)] = QString::fromStdString(value);
     return {{"byteOrder", summary.file.byteOrder == ByteOrder::bigEndian ? "big" : "little"},
-            {"byteOrderKnownBy", QString::fromStdString(summary.file.knownBy)},
             {"strings", strings},
             {"traces", count(summary.traces)},
             {"deadTraces", count(summary.deadTraces)},

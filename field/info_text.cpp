@@ -92,9 +92,7 @@ std::string describe(const RecordSummary &summary, const std::string &units)
     const bool isBigEndian = summary.file.byteOrder == ByteOrder::bigEndian;
     std::string text =
         infoLine("units", units)
-        + infoLine("byte order",
-                   (isBigEndian ? "big-endian" : "little-endian")
-                       + (summary.file.knownBy.empty() ? "" : ", known by " + summary.file.knownBy))
+        + infoLine("byte order", isBigEndian ? "big-endian" : "little-endian")
         + infoLine("traces", std::to_string(summary.traces)
                                  + (summary.deadTraces == 0
                                         ? ""
