@@ -247,3 +247,14 @@ std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
     file.traces.clear();
     return writePointers(file, stream);
 }
+
+std::string overflowOf(const Seg2File &file)
+{
+    constexpr std::size_t mostTraces = 16383; // by the size of their pointers
+    if (file.tracePointers.size() > mostTraces)
+        return counted(file.tracePointers.size(), "trace") + ", and a SEG2 file can point to "
+               + std::to_string(mostTraces) + ": split the record";
+    if (!std::is_sorted(file.tracePointers.begin(), file.tracePointers.end()))
+        return "traces lie beyond the 4 GiB that a SEG2 file can point into: split the record";
+    return "";
+}

@@ -5,6 +5,7 @@
 
 #include "seg2/listing.h"
 #include "seg2/progress.h"
+#include "traveltime/fields.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -50,6 +51,14 @@ void readRecord(Record &record, Report &report)
         readSuFile(record.file, take, record.findings, report);
     else
         indexSuFile(record.file, take, record.findings, report);
+}
+
+void remarkOnPositions(const Record &record, Report &report)
+{
+    remarkOnPosition(record.sourceX.value_or(0.0), report, "trace 1: ");
+    std::size_t number = 0;
+    for (const ListingTrace &line : record.lines)
+        remarkOnPosition(line.receiverX, report, "trace " + std::to_string(++number) + ": ");
 }
 
 std::uint32_t availableSamples(const Record &record, std::size_t trace, std::uint32_t count)
@@ -135,6 +144,8 @@ bool convertSu(const std::string &path, const std::string &listingPath, const st
             record.isHeld = !isReadAnywhere(record.file) || isSameFile(path, listingPath)
                             || isSameFile(path, seg2Path);
             readRecord(record, report);
+            if (!report.failure)
+                remarkOnPositions(record, report);
         }
         convertRecord(record, listingPath, seg2Path, progress, report);
         if (!report.failure)
