@@ -7,6 +7,7 @@
 #include "traveltime/survey.h"
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +19,15 @@ struct Origin
     std::uint32_t line = 0; ///< from 1
 };
 
+/// A receiver that a file lists for a shot with a mark that it was not picked.
+struct NotPicked
+{
+    std::uint32_t record = 0;
+    ReceiverPosition receiver = {};
+    double time = 0.0; ///< seconds, below 0; NaN where the file gives no number
+    Origin origin = {};
+};
+
 /// The picks of one or more files as one survey, in metres and seconds. Record i is that of shot i;
 /// its spread holds the receivers that were picked for this shot, and layouts that are equal are
 /// shared.
@@ -27,23 +37,26 @@ struct PickSurvey
     std::vector<std::string> files = {};           ///< as the caller named them
     std::vector<Origin> shotOrigins = {};          ///< of each shot
     std::vector<std::vector<Origin>> origins = {}; ///< of each record's picks
-    std::vector<std::vector<double>> errors = {}; ///< of each record's picks, in seconds; empty for
-                                                  ///< a record whose file gives none
-    SpreadIndex index = {};                       ///< of the survey's spreads
+    /// Of each record's picks, in seconds, NaN where the file gives none; empty for a record
+    /// without any.
+    std::vector<std::vector<double>> errors = {};
+    std::vector<NotPicked> notPicked = {};
+    SpreadIndex index = {}; ///< of the survey's spreads
 };
 
-/// A receiver's pick for a shot.
+/// A receiver's line for a shot.
 struct Pick
 {
     ReceiverPosition receiver = {};
-    double time = 0.0; ///< seconds
+    double time = 0.0; ///< seconds; below 0 or NaN when it was not picked
     std::uint32_t line = 0;
-    std::optional<double> error = {}; ///< seconds
+    double error = std::numeric_limits<double>::quiet_NaN(); ///< seconds; NaN when unknown
 };
 
-/// Appends a shot with its picks; `path` becomes one of survey.files unless it is the last of them.
-void addShot(PickSurvey &survey, const Shot &shot, const std::string &path, std::uint32_t line,
-             const std::vector<Pick> &picks);
+/// Appends the shot at `place` with its picks; receivers that were not picked are left out. The
+/// place's file becomes one of survey.files unless it is the last of them.
+void addShot(PickSurvey &picks, const Shot &shot, const Place &place,
+             const std::vector<Pick> &receivers);
 
 enum class TimeUnit {
     seconds,
