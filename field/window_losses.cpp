@@ -23,9 +23,9 @@ Finding inWindow(const Place &place, const std::string &text)
 /// What the exact reading said.
 std::vector<Finding> findingsOf(const Report &report)
 {
-    std::vector<Finding> findings;
     if (report.failure)
-        findings.push_back(inWindow(report.failure->place, report.failure->text));
+        return {inWindow(report.failure->place, report.failure->text)};
+    std::vector<Finding> findings;
     for (const Remark &remark : report.remarks)
         findings.push_back(inWindow(remark.place, remark.text));
     return findings;
