@@ -51,6 +51,7 @@ struct RecordTrace
 /// What a record's file says of itself.
 struct RecordFile
 {
+    std::string format = {}; ///< its name on the command line: "seg2"
     ByteOrder byteOrder = ByteOrder::littleEndian;
     std::string knownBy = {};   ///< how the format and the byte order were known
     std::size_t traceCount = 0; ///< as the file says, or as follows from its size

@@ -216,6 +216,7 @@ bool readSeg2(const std::string &path, const TakeTrace &take, Report &report)
         return false;
     const std::vector<std::uint32_t> pointers = readPointers(reading.input, *beginning);
     RecordFile &file = reading.file;
+    file.format = "seg2";
     file.byteOrder = beginning->style.byteOrder;
     file.knownBy = recogniseSeg2(start, path);
     file.traceCount = beginning->traceCount;

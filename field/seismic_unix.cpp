@@ -72,6 +72,7 @@ bool readTraces(RecordInput &input, const SuLayout &layout, const TakeTrace &tak
                 SuReadings &readings, Report &report)
 {
     RecordFile file;
+    file.format = "su";
     file.byteOrder = layout.byteOrder;
     file.knownBy = layout.knownBy;
     file.traceCount = layout.traceCount;
