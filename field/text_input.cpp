@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -269,8 +268,8 @@ bool endNumbers(const TextInput &input, Report &report)
         return fail(report, marks.firstComma,
                     comma + " has a comma that may part thousands: write a decimal point");
     remark(report, RemarkKind::notANumber, marks.firstComma,
-           counted(marks.commas, "number") + " of this file, the first being " + comma
-               + ", are read with a decimal comma");
+           counted(marks.commas, "number") + " with a decimal comma, of which the first is "
+               + comma);
     return true;
 }
 
@@ -283,12 +282,11 @@ std::optional<double> wholeNumber(std::string_view field, int power)
     // The power goes into the number's text, so that it is rounded once.
     const std::size_t mark = std::min(field.find_first_of("eE"), field.size());
     if (mark < field.size()) {
-        const char *const begin = field.data() + mark + (field.substr(mark + 1, 1) == "+" ? 2 : 1);
-        const char *const last = field.data() + field.size();
-        int exponent = 0;
-        const auto [end, error] = std::from_chars(begin, last, exponent);
-        if (error != std::errc() || end != last || std::abs(exponent) > 1000)
+        if (!parsed(field))
             return {};
+        const char *const begin = field.data() + mark + (field[mark + 1] == '+' ? 2 : 1);
+        int exponent = 0;
+        std::from_chars(begin, field.data() + field.size(), exponent);
         power += exponent;
     }
     return parsed(std::string(field.substr(0, mark)) + 'e' + std::to_string(power));
