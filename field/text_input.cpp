@@ -18,6 +18,11 @@ bool isBlank(char character)
     return character == ' ' || character == '\t';
 }
 
+bool isDigit(char character)
+{
+    return character >= '0' && character <= '9';
+}
+
 /// Appends a character, by its number in Unicode, as UTF-8.
 void appendCharacter(std::string &text, std::uint32_t character)
 {
@@ -85,7 +90,7 @@ bool couldPartThousands(std::string_view number)
     const std::size_t comma = number.find(',');
     return comma >= 1 && comma <= 3 && number[0] != '0' && number.size() == comma + 4
            && std::all_of(number.begin() + static_cast<std::ptrdiff_t>(comma) + 1, number.end(),
-                          [](char digit) { return digit >= '0' && digit <= '9'; });
+                          isDigit);
 }
 
 /// The finite number that is all of `text`.
@@ -107,7 +112,10 @@ std::optional<double> numberWithComma(std::string_view field, int power, Decimal
         || field.find('.') != std::string_view::npos)
         return {};
     std::string withPoint(field);
-    withPoint[field.find(',')] = '.';
+    const std::size_t comma = field.find(',');
+    withPoint[comma] = '.';
+    if (comma + 1 == field.size() || !isDigit(field[comma + 1]))
+        return {};
     const std::optional<double> value = wholeNumber(withPoint, power);
     if (!value)
         return {};
