@@ -19,13 +19,21 @@
 
 namespace {
 
-// The file dialogs' name filters, which decide the format; the blanks in the Dolang filter count.
+// The file dialogs' name filters: the one chosen decides the format, so each is compared as it is
+// shown. The blanks in the Dolang filter count.
 constexpr char genericFilter[] = "Generic text file (*.txt)";
 constexpr char seisImagerFilter[] = "SeisImager traveltimes (*.vs)";
 constexpr char geogigaFilter[] = "Geogiga text file (*.txt)";
 constexpr char winsismFilter[] = "Geo2X Winsism XYZ file (*.xyz)";
 constexpr char suFilter[] = "Seismic Unix (*.su)";
 constexpr char dolangFilter[] = "Dolang seismic file (*.*DT  )";
+constexpr char otteFilter[] = "Opent traveltime exchange format (*.otte)";
+
+/// The filters that a file dialog offers.
+QByteArray offered(const QByteArrayList &filters)
+{
+    return filters.join(";;") + ";;All Files (*)";
+}
 
 } // namespace
 
@@ -44,24 +52,23 @@ Convert2VelarixDialog::~Convert2VelarixDialog()
 void Convert2VelarixDialog::on_browseInputButton_3_clicked()
 {
     selectedFilter = tr(genericFilter);
-    browseTraveltimes(tr("Generic text file (*.txt);;All Files (*)"),
-                      ui->multiTTFiles_3->isChecked(), ui->inputGenTxt, ui->formatSelected_3);
+    browseTraveltimes(tr(offered({genericFilter})), ui->multiTTFiles_3->isChecked(),
+                      ui->inputGenTxt, ui->formatSelected_3);
 }
 
 void Convert2VelarixDialog::on_browseInputButton_clicked()
 {
     selectedFilter = tr(geogigaFilter);
-    browseTraveltimes(tr("SeisImager traveltimes (*.vs);;Geogiga text file (*.txt);;"
-                         "Geo2X Winsism XYZ file (*.xyz);;All Files (*)"),
+    browseTraveltimes(tr(offered({seisImagerFilter, geogigaFilter, winsismFilter})),
                       ui->multiTTFiles->isChecked(), ui->inputEdit, ui->formatSelected);
 }
 
 void Convert2VelarixDialog::on_pushButton_clicked()
 {
     selectedFilter = tr(suFilter);
-    const QString name = QFileDialog::getOpenFileName(
-        this, tr("Input file"), QDir::homePath(),
-        tr("Seismic Unix (*.su);;Dolang seismic file (*.*DT  );;All Files (*)"), &selectedFilter);
+    const QString name =
+        QFileDialog::getOpenFileName(this, tr("Input file"), QDir::homePath(),
+                                     tr(offered({suFilter, dolangFilter})), &selectedFilter);
     // Qt lists filters with their runs of blanks squeezed; the Dolang filter keeps its own.
     if (selectedFilter == QString(dolangFilter).simplified())
         selectedFilter = tr(dolangFilter);
@@ -131,9 +138,8 @@ void Convert2VelarixDialog::rememberFiles(const QStringList &names, QLineEdit *e
 
 void Convert2VelarixDialog::browseOutput(QLineEdit *edit)
 {
-    const QString name = QFileDialog::getSaveFileName(
-        this, tr("OTTE File"), QDir::homePath(),
-        tr("Opent traveltime exchange format (*.otte);;All Files (*)"));
+    const QString name = QFileDialog::getSaveFileName(this, tr("OTTE File"), QDir::homePath(),
+                                                      tr(offered({otteFilter})));
     if (!name.isEmpty())
         edit->setText(name);
 }
@@ -153,7 +159,7 @@ void Convert2VelarixDialog::convertSeismic()
     if (selectedFilter == suFilter)
         convertSuToSeg2(inputFileName);
     else if (selectedFilter == dolangFilter)
-        convertDolangToSeg2(inputFileName.substr(0, inputFileName.rfind('.')));
+        convertDolangToSeg2(beforeLastDot(inputFileName));
 }
 
 void Convert2VelarixDialog::convertStructured()

@@ -43,6 +43,8 @@ bool isReadable(const std::string &path, Report &report)
         return fail(report, {path}, "this is a folder");
     if (access(path.c_str(), R_OK) != 0)
         return fail(report, {path}, "no permission to read this file");
+    if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(path, error) == 0)
+        return fail(report, {path}, "the file is empty");
     return true;
 }
 
@@ -60,8 +62,7 @@ bool isReadableFromItsStart(const std::string &path, Report &report)
     if (!isReadableText(path, report))
         return false;
     if (markSize(firstBytes(path)) == 3)
-        return fail(report, {path},
-                    "this text begins with a byte order mark: save it without one");
+        return fail(report, {path}, "this text begins with a byte order mark: save it without one");
     return true;
 }
 

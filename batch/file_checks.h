@@ -10,7 +10,7 @@
 // What is asked about files before they are converted. The window takes a missing file for an empty
 // one; a script must not. Each check of an input fails the report if the answer is no.
 
-/// Whether the file can be read.
+/// Whether the file can be read and is not empty.
 bool isReadable(const std::string &path, Report &report);
 
 /// The same for a text. UTF-16 is refused: every number in it would read as 0.

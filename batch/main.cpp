@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
+#include "batch/clear_vector_registers.h"
 #include "batch/file_checks.h"
 #include "batch/messages.h"
 #include "batch/request.h"
@@ -9,7 +10,6 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -117,9 +117,9 @@ int run(const QCommandLineParser &parser)
     const QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
         return refuseUsage(std::string("a format is needed: ") + formatNames);
-    const auto format = std::find_if(
-        formats.begin(), formats.end(),
-        [&](const Format &candidate) { return candidate.name == arguments.front(); });
+    const auto format = std::find_if(formats.begin(), formats.end(), [&](const Format &candidate) {
+        return candidate.name == arguments.front();
+    });
     if (format == formats.end())
         return refuseFormat(arguments.front());
     const QString reason = wrongUsageOf(*format, parser);
@@ -133,6 +133,7 @@ int run(const QCommandLineParser &parser)
     request.shotList = parser.value("shots").toStdString();
     request.isStrict = parser.isSet("strict");
     request.isEchoed = parser.isSet("echo");
+    clearVectorRegisters(); // now that Qt is done with the words
     return format->run(request);
 }
 
@@ -157,8 +158,12 @@ int main(int argc, char *argv[])
         if (arguments[i].toLocal8Bit() != argv[i])
             return refuseUsage("argument " + std::to_string(i) + " is not valid UTF-8");
 #endif
-    if (!parser.parse(arguments))
-        return refuseUsage(parser.errorText().remove(QRegularExpression("\\.$")).toStdString());
+    if (!parser.parse(arguments)) {
+        QString reason = parser.errorText();
+        if (reason.endsWith('.'))
+            reason.chop(1);
+        return refuseUsage(reason.toStdString());
+    }
     if (parser.isSet(help))
         parser.showHelp();
     if (parser.isSet(version))

@@ -9,15 +9,13 @@
 #include "readers/geogiga.h"
 #include "readers/winsism.h"
 #include "traveltime/drivers.h"
+#include "traveltime/fields.h"
 #include "traveltime/generic_text.h"
 #include "traveltime/otte_writer.h"
 #include "traveltime/survey_checks.h"
 #include "traveltime/text.h"
 
-#include <QString>
-#include <QStringList>
-
-#include <cmath>
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 
@@ -53,21 +51,22 @@ struct GenericShots
     std::vector<double> elevations;
 };
 
-bool toNumber(const QString &text, double &value)
+/// Whether all of `text` is a number, which becomes `value`.
+bool isNumber(const std::string &text, double &value)
 {
-    bool isNumber = false;
-    value = text.toDouble(&isNumber);
-    return isNumber && std::isfinite(value);
+    Report report;
+    value = readNumber(text, report);
+    return report.remarks.empty();
 }
 
 /// Adds a shot whose position is "x<separator>elevation"; false when these are not two numbers.
 bool addShot(GenericShots &shots, const std::string &file, const std::string &position,
              char separator)
 {
-    const QStringList numbers = QString::fromStdString(position).split(QChar(separator));
+    const std::size_t end = std::min(position.find(separator), position.size());
     shots.files.push_back(file);
-    return numbers.size() == 2 && toNumber(numbers[0], shots.xs.emplace_back())
-           && toNumber(numbers[1], shots.elevations.emplace_back());
+    return isNumber(position.substr(0, end), shots.xs.emplace_back()) && end < position.size()
+           && isNumber(position.substr(end + 1), shots.elevations.emplace_back());
 }
 
 bool readShotList(const Request &request, GenericShots &shots, Report &report)
@@ -124,15 +123,13 @@ int runSeisImager(const Request &request)
 int runGeneric(const Request &request)
 {
     GenericShots shots;
-    if (Report report;
-        !request.shotList.empty() && !readShotList(request, shots, report))
+    if (Report report; !request.shotList.empty() && !readShotList(request, shots, report))
         return conclude(report, request.isStrict, request.output);
     if (request.files.size() != request.shotPositions.size())
         return refuseUsage("one --shot is needed for each file");
     for (std::size_t i = 0; i < request.files.size(); ++i)
         if (!addShot(shots, request.files[i], request.shotPositions[i], ','))
-            return refuseUsage("--shot takes X,ELEVATION, not \"" + request.shotPositions[i]
-                               + '"');
+            return refuseUsage("--shot takes X,ELEVATION, not \"" + request.shotPositions[i] + '"');
     return convert(request, shots.files, isReadableFromItsStart, "seconds",
                    [&](TraveltimeSurvey &survey, Report &report) {
                        return readGenericFiles(shots.files, shots.xs, shots.elevations, survey,

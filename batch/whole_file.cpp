@@ -56,7 +56,10 @@ extern "C" void endProcess(int signal)
 class HeldSignals
 {
 public:
-    HeldSignals() { areSignalsHeld = true; }
+    HeldSignals()
+    {
+        areSignalsHeld = true;
+    }
     ~HeldSignals()
     {
         areSignalsHeld = false;
@@ -79,9 +82,9 @@ void catchSignals()
 
 struct Output
 {
-    fs::path target;                 ///< the file to replace, after all links
-    std::optional<fs::perms> older;  ///< the permissions of the older file, if there is one
-    std::string part;                ///< the new file beside it; empty when written directly
+    fs::path target;                ///< the file to replace, after all links
+    std::optional<fs::perms> older; ///< the permissions of the older file, if there is one
+    std::string part;               ///< the new file beside it; empty when written directly
 };
 
 /// Whether the path names what the process has open already.
@@ -108,8 +111,9 @@ bool locate(const std::string &path, Output &output, Report &report)
     if (!fs::is_regular_file(status))
         return true;
     if (isOpenDescriptor(path))
-        return fail(report, {path}, "leads into a file here, which would not be replaced whole: "
-                                    "name that file as the output");
+        return fail(report, {path},
+                    "leads into a file here, which would not be replaced whole: "
+                    "name that file as the output");
     if (!isWritable(path))
         return fail(report, {path}, "no permission to write this file");
     output.older = status.permissions();
@@ -164,7 +168,7 @@ bool begin(const std::vector<std::string> &paths, std::vector<Output> &outputs, 
     return true;
 }
 
-bool rename(const fs::path &from, const fs::path &to)
+bool moveFile(const fs::path &from, const fs::path &to)
 {
     std::error_code error;
     fs::rename(from, to, error);
@@ -173,19 +177,19 @@ bool rename(const fs::path &from, const fs::path &to)
 }
 
 /// Gives two files each other's names.
-bool exchange(const fs::path &first, const fs::path &second)
+bool swapNames(const fs::path &first, const fs::path &second)
 {
 #ifdef RENAME_EXCHANGE
     if (renameat2(AT_FDCWD, first.c_str(), AT_FDCWD, second.c_str(), RENAME_EXCHANGE) == 0)
         return true; // not every file system can
 #endif
     const fs::path aside = first.string() + '~';
-    if (!rename(second, aside))
+    if (!moveFile(second, aside))
         return false;
-    if (rename(first, second) && rename(aside, first))
+    if (moveFile(first, second) && moveFile(aside, first))
         return true;
     const int reason = errno;
-    rename(aside, second);
+    moveFile(aside, second);
     errno = reason;
     return false;
 }
@@ -199,8 +203,8 @@ bool putIntoPlace(const Output &output, bool isLast)
     std::error_code ignored;
     if (output.older)
         fs::permissions(output.part, *output.older, ignored);
-    return output.older && !isLast ? exchange(output.part, output.target)
-                                   : rename(output.part, output.target);
+    return output.older && !isLast ? swapNames(output.part, output.target)
+                                   : moveFile(output.part, output.target);
 }
 
 /// Undoes putIntoPlace() for an output that is not the last.
@@ -209,9 +213,10 @@ void takeBack(Output &output, Report &report)
     if (output.part.empty())
         return;
     if (!output.older) {
-        rename(output.target, output.part);
-    } else if (!exchange(output.part, output.target)) {
-        report.failure->text += "; the older " + output.target.string() + " is kept as " + output.part;
+        moveFile(output.target, output.part);
+    } else if (!swapNames(output.part, output.target)) {
+        report.failure->text +=
+            "; the older " + output.target.string() + " is kept as " + output.part;
         output.part.clear();
     }
 }
@@ -222,7 +227,9 @@ bool putAllIntoPlace(const std::vector<std::string> &paths, std::vector<Output> 
     for (std::size_t i = 0; i < outputs.size(); ++i) {
         if (putIntoPlace(outputs[i], i + 1 == outputs.size()))
             continue;
-        fail(report, {paths[i]}, "cannot be replaced: " + std::generic_category().message(errno));
+        fail(report, {paths[i]},
+             (outputs[i].older ? "cannot be replaced: " : "cannot be made: ")
+                 + std::generic_category().message(errno));
         while (i-- > 0)
             takeBack(outputs[i], report);
         return false;

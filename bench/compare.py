@@ -20,6 +20,7 @@ if sys.argv[1:] and not QUICK:
 
 BUILD = Path("build-bench").resolve()
 OURS = BUILD / "convert2velarix-batch"
+FIELD = BUILD / "convert2velarix-field"
 PLAIN = BUILD / "bench" / "plain_convert"
 INPUTS = BUILD / ("inputs-quick" if QUICK else "inputs")
 WORK = BUILD / "compare"  # a folder for each program's outputs
@@ -74,11 +75,8 @@ class Conversion:
         return median(command, WORK / program, self.outputs)
 
     def peak(self, program, piped=False):
-        """Bytes of memory held at most."""
-        command = f"/usr/bin/time -v {self.command(program, echo=piped)}"
-        run = subprocess.run(command + (" | cat" if piped else "") + " >/dev/null", shell=True,
-                             cwd=WORK / program, stderr=subprocess.PIPE, text=True, check=True)
-        return 1024 * int(re.search(r"Maximum resident set size \(kbytes\): (\d+)", run.stderr)[1])
+        return peak(self.command(program, echo=piped) + (" | cat" if piped else ""),
+                    WORK / program)
 
     def input_size(self):
         return sum(path.stat().st_size for path in self.inputs)
@@ -114,6 +112,13 @@ def median(command, folder, outputs=(), under=()):
     return json.loads(result.read_text())["results"][0]["median"]
 
 
+def peak(command, folder):
+    """Bytes of memory that the first program of the command holds at most."""
+    run = subprocess.run(f"/usr/bin/time -v {command} >/dev/null", shell=True, cwd=folder,
+                         stderr=subprocess.PIPE, text=True, check=True)
+    return 1024 * int(re.search(r"Maximum resident set size \(kbytes\): (\d+)", run.stderr)[1])
+
+
 def seconds(value):
     return f"{value:.2f} s" if value >= 1 else f"{1000 * value:.3g} ms"
 
@@ -147,6 +152,30 @@ def seismic_unix_rows(su):
     speed_row("Seismic Unix, progress lines into a pipe that is read", "at least 6", su, piped=True)
     row("Peak memory, Seismic Unix: over the input's size", "at most 3.2", peak / size,
         megabytes(peak), megabytes(plain_peak), f"input {megabytes(size)}")
+
+
+def field_row(what, target, arguments, output, beside, beside_text):
+    command = shlex.join(map(str, [FIELD, "convert", *arguments, "-o", output]))
+    ours = median(command, WORK, [output])
+    row(f"Field command, {what}", target, ours / beside, seconds(ours), "",
+        f"{beside_text} {seconds(beside)}")
+    return command
+
+
+def field_rows(seisimager, su):
+    field_row("SeisImager to OTTE: time over the batch command's", "at most 2",
+              [INPUTS / "line.vs"], "line.otte", seisimager.time("ours"), "batch")
+    copy = su.copy_time()
+    for order in ("little", "big"):
+        record = WORK / f"{order}.su"
+        subprocess.run([FIELD, "convert", INPUTS / "line.su", "--byte-order", order, "-o", record],
+                       check=True)
+        what = f"{order}-endian Seismic Unix to SEG2"
+        command = field_row(f"{what}: time over a plain copy", "at most 2", [record], "line.seg2",
+                            copy, "copy")
+        held = peak(command, WORK)
+        row(f"Field command, {what}: megabytes of memory", "at most 32", held / 1e6,
+            megabytes(held))
 
 
 def growth_row(layouts, few, many, start):
@@ -206,6 +235,7 @@ def main():
     speed_row("SeisImager to OTTE", "at least 3", seisimager)
     speed_row("Generic text to OTTE", "at least 3", generic)
     speed_row("Geogiga to OTTE", "at least 3", geogiga)
+    field_rows(seisimager, su)
     start = median(f"{OURS} --version", WORK)
     for layouts, (few, many) in growth.items():
         growth_row(layouts, few, many, start)

@@ -22,6 +22,7 @@ struct Format
     /// How a file that begins with these bytes is known to be of the format ("TX_CURVE in its first
     /// line"); empty when it is not. `path` is for formats of several files.
     std::string (*recognise)(const std::string &start, const std::string &path) = nullptr;
+    bool hasNoTimeUnit = false; ///< --times-in says it
     ReadPicks *readPicks = nullptr;
     WritePicks *writePicks = nullptr;
     ReadRecord *readRecord = nullptr;

@@ -4,6 +4,7 @@
 #include "field/formats_command.h"
 
 #include "batch/messages.h"
+#include "field/json.h"
 
 #include <iostream>
 
@@ -51,7 +52,6 @@ int runFormats(const Request & /*request*/)
         std::cout << lineOf(format.name, isOfPicks(format) ? "picks" : "records", useOf(format),
                             extensionsOf(format), format.title);
     Report report;
-    if (!std::cout.flush())
-        fail(report, {"standard output"}, "cannot be written");
+    flushOutput(report);
     return conclude(report, false, "");
 }

@@ -26,6 +26,14 @@ bool holdsPicks(const Input &input)
     return input.format != nullptr && input.format->readPicks != nullptr;
 }
 
+bool readPicks(const Input &input, const PickOptions &options, PickSurvey &survey, Report &report)
+{
+    if (options.timesIn && !input.format->hasNoTimeUnit)
+        remark(report, RemarkKind::format, {input.path},
+               input.format->name + " has a unit of times: --times-in does not change it");
+    return input.format->readPicks(input.path, options, survey, report);
+}
+
 PickOptions pickOptionsOf(const Request &request, Report &report)
 {
     PickOptions options;

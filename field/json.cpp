@@ -47,8 +47,13 @@ void addReport(QJsonObject &object, const Report &report)
     object["failures"] = failures;
 }
 
-bool writeJson(const QJsonObject &object, Report &report)
+std::string toText(const QJsonObject &object)
 {
-    std::cout << QJsonDocument(object).toJson().toStdString() << std::flush;
-    return std::cout ? true : fail(report, {"standard output"}, "cannot be written");
+    return QJsonDocument(object).toJson().toStdString();
+}
+
+void flushOutput(Report &report)
+{
+    if (!std::cout.flush())
+        fail(report, {"standard output"}, "cannot be written");
 }

@@ -21,6 +21,8 @@ void addPlace(QJsonObject &object, const Place &place, std::size_t trace = 0);
 /// Adds what a report tells to the arrays "remarks" and "failures".
 void addReport(QJsonObject &object, const Report &report);
 
-/// Writes the object to the standard output stream; false, and the report fails, when it cannot be
-/// written.
-bool writeJson(const QJsonObject &object, Report &report);
+/// The object as text.
+std::string toText(const QJsonObject &object);
+
+/// Ends the output to the standard stream; the report fails when that could not be written.
+void flushOutput(Report &report);

@@ -7,7 +7,7 @@
 #include <string>
 
 /// How much of a file is looked at to find its format: all of it when it is smaller.
-inline constexpr std::size_t startSize = 65536;
+inline constexpr std::size_t startSize = 16384;
 
 // How files of picks are known by their content: each function gets the first bytes of a file and
 // returns how it is known to be of the format, in a phrase for people, or nothing when it is not.

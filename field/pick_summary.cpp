@@ -3,6 +3,7 @@
 
 #include "field/pick_summary.h"
 
+#include <cmath>
 #include <set>
 #include <utility>
 
@@ -31,9 +32,10 @@ PickSummary summarise(const PickSurvey &picks)
             extend(summary.time, time);
     }
     for (const std::vector<double> &errors : picks.errors) {
-        summary.errors += errors.size();
-        for (const double error : errors)
+        for (const double error : errors) {
+            summary.errors += std::isnan(error) ? 0 : 1;
             extend(summary.error, error);
+        }
     }
     return summary;
 }

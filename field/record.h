@@ -40,17 +40,23 @@ struct RecordTrace
     std::int32_t stackCount = 1;
     double descalingFactor = 1.0; ///< sample times this is millivolts
     bool isDead = false;          ///< marked so
+    bool hasAngles = false;       ///< x and y are angles, no metres
     std::string date = {};        ///< 2022-03-22; empty where the file does not say
     std::string time = {};        ///< 13:58:30
-    std::map<std::string, std::string> strings = {}; ///< a SEG2 trace's other strings
+    /// A SEG2 trace's other strings. "SEISMIC_UNIX" holds the fields of a Seismic Unix header that
+    /// nothing else here says.
+    std::map<std::string, std::string> strings = {};
 };
 
 /// What a record's file says of itself.
 struct RecordFile
 {
+    std::string format = {}; ///< its name on the command line: "seg2"
     ByteOrder byteOrder = ByteOrder::littleEndian;
-    std::string knownBy = {}; ///< how the format and the byte order were known
-    std::map<std::string, std::string> strings = {}; ///< SEG2
+    std::string knownBy = {};   ///< how the format and the byte order were known
+    std::size_t traceCount = 0; ///< as the file says, or as follows from its size
+    double fractionRead = 0.0;  ///< of the file, from 0 to 1
+    std::map<std::string, std::string> strings = {}; ///< a SEG2 file's other strings, a Dolang text
 };
 
 /// Takes the traces of a record one at a time; false ends the reading.

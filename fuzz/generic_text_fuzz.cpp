@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "fuzz/support.h"
-
+#include "fuzz/traveltimes.h"
+#include "plain/generic_text.h"
 #include "traveltime/generic_text.h"
 
-#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
 
@@ -14,40 +14,22 @@ namespace {
 struct Input
 {
     std::vector<std::string> paths;
-    std::vector<std::string> texts; ///< empty for a missing file
     std::vector<double> shotXs;
     std::vector<double> shotElevations;
 };
 
-using ReadFile = std::function<void(std::size_t file, const Shot &shot, TraveltimeSurvey &survey)>;
-
-std::int32_t readFiles(const Input &input, const ReadFile &read, TraveltimeSurvey &survey)
+/// All files with the reader that the window calls.
+std::int32_t readFiles(const Input &input, TraveltimeSurvey &survey)
 {
     for (std::size_t i = 0; i < input.paths.size(); ++i) {
         if (i >= input.shotXs.size())
             throw std::out_of_range("invalid vector subscript");
         const Shot shot{input.shotXs[i], input.shotElevations[i], input.paths[i]};
         survey.shots.push_back(shot);
-        read(i, shot, survey);
+        readGenericTraveltimes(input.paths[i], survey.traveltimes, survey.spreads, shot,
+                               static_cast<std::uint32_t>(i));
     }
     return 0;
-}
-
-void readPlainly(const std::string &text, std::uint32_t index, const Shot &shot,
-                 TraveltimeSurvey &survey)
-{
-    Spread receivers;
-    std::vector<double> times;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        while (line.starts_with(' '))
-            line.erase(0, 1);
-        const std::vector<std::string> fields = enoughFields(fieldsOf(line, ";"), 3);
-        receivers.push_back({std::atof(fields[0].c_str()), std::atof(fields[1].c_str())});
-        times.push_back(std::atof(fields[2].c_str()));
-    }
-    survey.traveltimes.push_back(
-        {plainSpreadIndex(survey.spreads, receivers), index, shot.x, shot.elevation, times});
 }
 
 } // namespace
@@ -60,7 +42,6 @@ void check(const std::string &text)
     for (const Section &section : sections(text)) {
         const std::string fileName = "shot" + std::to_string(input.paths.size() + 1) + ".txt";
         input.paths.push_back(writeSection(section, fileName));
-        input.texts.push_back(section.name.ends_with("missing") ? "" : section.bytes);
         double x = 0.0;
         double elevation = 0.0;
         if (std::istringstream(section.name) >> x >> elevation) {
@@ -76,21 +57,13 @@ void check(const std::string &text)
         [&](const std::string &output) {
             return convertGenericText(paths, output, xs, elevations);
         },
-        [&](const std::string &output, Problem &problem) {
-            return convertGenericText(paths, output, xs, elevations, problem);
+        [&](TraveltimeSurvey &survey) { return readFiles(input, survey); },
+        [&](TraveltimeSurvey &survey, Report &report) {
+            return readGenericFiles(paths, xs, elevations, survey, report);
         },
-        [&](TraveltimeSurvey &survey) {
-            const auto read = [&](std::size_t i, const Shot &shot, TraveltimeSurvey &into) {
-                readGenericTraveltimes(paths[i], into.traveltimes, into.spreads, shot,
-                                       static_cast<std::uint32_t>(i));
-            };
-            return readFiles(input, read, survey);
-        },
-        [&](TraveltimeSurvey &survey) {
-            const auto read = [&](std::size_t i, const Shot &shot, TraveltimeSurvey &into) {
-                readPlainly(input.texts[i], static_cast<std::uint32_t>(i), shot, into);
-            };
-            return readFiles(input, read, survey);
+        [&](plain::Survey &survey) {
+            plain::readGenericFiles(paths, xs, elevations, survey);
+            return true;
         },
     });
 }

@@ -3,23 +3,34 @@
 
 #include "fuzz/support.h"
 
-#include "tests/support/seg2_parser.h"
-#include "tests/support/small_records.h"
+#include "plain/text.h"
 
-#include <array>
-#include <bit>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <set>
 #include <sstream>
 #include <stdexcept>
-#include <string_view>
+
+namespace {
+
+/// Thrown for a count that the program takes, but that would keep the fuzzer waiting.
+struct TooSlow
+{
+};
+
+void limitCount(std::uint64_t count)
+{
+    if (count > 2000)
+        throw TooSlow();
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
+    plain::noteCount = limitCount;
     for (const auto &entry : std::filesystem::directory_iterator(folder().path("")))
         std::filesystem::remove(entry.path());
     try {
@@ -118,283 +129,99 @@ std::string nameOf(const std::logic_error &error)
     return name;
 }
 
+Files filesOfFolder()
+{
+    Files files;
+    for (const auto &entry : std::filesystem::directory_iterator(folder().path("")))
+        files[entry.path().filename()] = readFile(entry.path());
+    return files;
+}
+
+/// Changes the folder's files from `now` to `before`.
+void putBack(const Files &now, const Files &before)
+{
+    for (const auto &[name, bytes] : now)
+        if (!before.contains(name))
+            std::filesystem::remove(folder().path(name));
+    for (const auto &[name, bytes] : before)
+        if (!now.contains(name) || now.at(name) != bytes)
+            folder().write(name, bytes);
+}
+
+bool isOneLine(const std::string &text)
+{
+    return !text.empty() && text.find('\n') == std::string::npos;
+}
+
+/// Checks what holds for the report of any inner form; `result` is what the form returned.
+void checkReport(const Report &report, bool result)
+{
+    require(result == !report.failure, "an inner form returns whether nothing failed");
+    require(report.failure || (report.result == 0 && !report.error),
+            "whatever stops the window is a failure");
+    require(!report.failure || !report.failure->place.file.empty(), "a failure has a file");
+    require(!report.failure || isOneLine(report.failure->text), "a failure is one line");
+    std::map<std::pair<std::string, RemarkKind>, std::size_t> kept;
+    for (const Remark &remark : report.remarks) {
+        require(!remark.place.file.empty(), "a remark has a file");
+        require(isOneLine(remark.text), "a remark is one line");
+        ++kept[{remark.place.file, remark.kind}];
+    }
+    require(kept.size() == report.remarkCounts.size(), "every kind of remark is counted");
+    for (const auto &[kind, count] : kept)
+        require(count <= mostRemarks && count <= report.remarkCounts.at(kind),
+                "of a kind so many remarks are kept");
+}
+
 } // namespace
 
-Outcome run(const std::function<std::int32_t(Problem &problem)> &call)
+Outcome run(const std::function<std::int32_t()> &call)
 {
+    const Files before = filesOfFolder();
     Outcome outcome;
     const Caught output(std::cout);
     const Caught error(std::cerr);
     try {
-        outcome.result = std::to_string(call(outcome.problem));
+        outcome.result = std::to_string(call());
     } catch (const std::logic_error &known) {
         outcome.result = nameOf(known);
     }
     outcome.output = output.text.str();
     outcome.error = error.text.str();
-    for (const auto &entry : std::filesystem::directory_iterator(folder().path("")))
-        outcome.files[entry.path().filename()] = readFile(entry.path());
+    outcome.files = filesOfFolder();
+    putBack(outcome.files, before);
     return outcome;
 }
 
-void requireSame(const Outcome &first, const Outcome &again, const Outcome &untold)
+Outcome runInner(const std::function<bool(Report &report)> &call)
 {
-    for (const Outcome *other : {&again, &untold}) {
-        requireSame(other->result, first.result, "the same result each time");
-        requireSame(other->output, first.output, "the same standard output each time");
-        requireSame(other->error, first.error, "the same standard error each time");
-        require(other->files == first.files, "the same files each time");
+    Report reports[2];
+    Outcome outcome;
+    for (Report &report : reports) {
+        bool result = false;
+        outcome = run([&] {
+            result = call(report);
+            return 0;
+        });
+        requireSame(outcome.result, "0", "no error leaves an inner form");
+        requireSame(outcome.output + outcome.error, "", "an inner form prints nothing");
+        checkReport(report, result);
     }
-    const Problem &problem = again.problem;
-    requireSame(problem.file, first.problem.file, "the same file of a Problem each time");
-    require(problem.line == first.problem.line, "the same line of a Problem each time");
-    requireSame(problem.detail, first.problem.detail, "the same detail of a Problem each time");
-    requireSame(problem.remark, first.problem.remark, "the same remark of a Problem each time");
-    require(first.result == "0" || !first.problem.detail.empty(), "what failed is told");
-    require(first.problem.detail.empty() || !first.problem.file.empty(), "a Problem has a file");
+    require(reports[0].failure == reports[1].failure, "the same failure each time");
+    require(reports[0].remarks == reports[1].remarks, "the same remarks each time");
+
+    const Outcome end = run([&] { return finish(reports[1]); });
+    return {end.result, end.output, end.error, outcome.files};
 }
 
-void limitCount(std::uint64_t count, std::uint64_t bytesHeld)
+void requireSame(const Outcome &outcome, const Outcome &plain, const std::string &form)
 {
-    if (count > bytesHeld + 10'000'000)
-        throw std::length_error("vector too long");
-    if (count > 2000)
-        throw TooSlow();
-}
-
-std::string printed(double value)
-{
-    std::ostringstream stream;
-    stream << value;
-    return stream.str();
-}
-
-std::string nextLine(std::istream &stream)
-{
-    std::string line;
-    std::getline(stream, line);
-    return line;
-}
-
-std::vector<std::string> fieldsOf(const std::string &line, const std::string &delimiters)
-{
-    std::vector<std::string> fields;
-    std::size_t start = line.find_first_not_of(delimiters);
-    std::size_t end = line.find_first_of(delimiters);
-    while (start != std::string::npos || end != std::string::npos) {
-        if (start > line.size())
-            throw std::out_of_range("invalid string position");
-        fields.push_back(line.substr(start, end - start));
-        start = line.find_first_not_of(delimiters, end);
-        end = line.find_first_of(delimiters, start);
+    requireSame(outcome.result, plain.result, form + ": the result");
+    requireSame(outcome.output, plain.output, form + ": the standard output");
+    requireSame(outcome.error, plain.error, form + ": the standard error");
+    for (const auto &[name, bytes] : plain.files) {
+        require(outcome.files.contains(name), form + ": the file " + name);
+        requireSame(outcome.files.at(name), bytes, form + ": the file " + name);
     }
-    return fields;
-}
-
-std::vector<std::string> enoughFields(std::vector<std::string> fields, std::size_t expected)
-{
-    if (fields.size() < expected)
-        throw std::out_of_range("invalid vector subscript");
-    return fields;
-}
-
-std::uint32_t plainSpreadIndex(std::vector<Spread> &spreads, const Spread &receivers)
-{
-    for (std::uint32_t index = 0; index < spreads.size(); ++index) {
-        bool same = !receivers.empty() && spreads[index].size() == receivers.size();
-        for (std::size_t i = 0; same && i < receivers.size(); ++i)
-            same = spreads[index][i].x == receivers[i].x
-                   && spreads[index][i].elevation == receivers[i].elevation;
-        if (same)
-            return index;
-    }
-    spreads.push_back(receivers);
-    return static_cast<std::uint32_t>(spreads.size() - 1);
-}
-
-namespace {
-
-/// Takes an OTTE file apart, line by line.
-class OtteReader
-{
-public:
-    explicit OtteReader(const std::string &bytes)
-        : text(bytes)
-    {
-    }
-
-    bool atEnd() const
-    {
-        return position == text.size();
-    }
-
-    std::string line()
-    {
-        const std::size_t end = text.find('\n', position);
-        require(end != std::string::npos, "every OTTE line is there and has its end");
-        const std::string result = text.substr(position, end - position);
-        position = end + 1;
-        return result;
-    }
-
-    std::size_t count()
-    {
-        const std::string digits = line();
-        require(!digits.empty() && digits.find_first_not_of("0123456789") == std::string::npos
-                    && (digits == "0" || digits[0] != '0'),
-                "an OTTE count or index is a plain decimal: " + digits);
-        return std::strtoull(digits.c_str(), nullptr, 10);
-    }
-
-    /// Each value with ";" behind it, as a stream prints it.
-    std::vector<std::string> values()
-    {
-        std::vector<std::string> result;
-        std::istringstream stream(line() + '\n');
-        for (std::string value; std::getline(stream, value, ';') && value != "\n";) {
-            requireSame(printed(std::strtod(value.c_str(), nullptr)), value,
-                        "an OTTE value is printed as streams do");
-            result.push_back(value);
-        }
-        return result;
-    }
-
-private:
-    const std::string &text;
-    std::size_t position = 0;
-};
-
-template <typename Entries, typename Value>
-void requireValues(const std::vector<std::string> &values, const Entries &entries, Value value,
-                   const std::string &what)
-{
-    require(values.size() == entries.size(), "an OTTE line has as many values as " + what);
-    for (std::size_t i = 0; i < values.size(); ++i)
-        requireSame(values[i], printed(value(entries[i])), "an OTTE line of " + what);
-}
-
-void checkOtte(const std::string &bytes, const TraveltimeSurvey &survey)
-{
-    const auto x = [](const auto &point) { return point.x; };
-    const auto elevation = [](const auto &point) { return point.elevation; };
-    OtteReader file(bytes);
-    for (const char *line : {"otte", "1.0", "2"})
-        requireSame(file.line(), line, "an OTTE header line");
-    const std::size_t spreadCount = file.count();
-    require(spreadCount == survey.spreads.size(), "as many OTTE spreads as were read");
-    for (const Spread &spread : survey.spreads) {
-        requireValues(file.values(), spread, x, "a spread's x");
-        requireValues(file.values(), spread, elevation, "a spread's elevations");
-    }
-    requireValues(file.values(), survey.shots, x, "the shots' x");
-    requireValues(file.values(), survey.shots, elevation, "the shots' elevations");
-    for (const ShotTraveltimes &record : survey.traveltimes) {
-        const std::size_t spreadIndex = file.count();
-        require(spreadIndex < spreadCount, "a record's spread is one of the file's");
-        require(spreadIndex == record.spreadIndex, "a record's spread is the one read");
-        require(file.count() == record.shotIndex, "a record's shot is the one read");
-        requireValues(
-            file.values(), record.times, [](double time) { return time * 1000.0; },
-            "a record's times");
-    }
-    require(file.atEnd(), "as many OTTE records as were read");
-}
-
-/// All that a survey holds, to the last bit.
-std::string textOf(const TraveltimeSurvey &survey)
-{
-    std::ostringstream text;
-    const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value); };
-    text << std::hex;
-    for (const ShotTraveltimes &record : survey.traveltimes) {
-        text << "record " << record.spreadIndex << ' ' << record.shotIndex << ' '
-             << bits(record.shotX) << ' ' << bits(record.shotElevation) << ':';
-        for (const double time : record.times)
-            text << ' ' << bits(time);
-        text << '\n';
-    }
-    for (const Spread &spread : survey.spreads) {
-        text << "spread:";
-        for (const ReceiverPosition &receiver : spread)
-            text << ' ' << bits(receiver.x) << ' ' << bits(receiver.elevation);
-        text << '\n';
-    }
-    for (const Shot &shot : survey.shots)
-        text << "shot " << bits(shot.x) << ' ' << bits(shot.elevation) << ' ' << shot.name << '\n';
-    return text.str();
-}
-
-} // namespace
-
-void checkTraveltimes(const TraveltimeConversion &conversion)
-{
-    TraveltimeSurvey plain;
-    const Outcome expected = run([&](Problem &) { return conversion.readPlainly(plain); });
-
-    TraveltimeSurvey survey;
-    const Outcome reading = run([&](Problem &) { return conversion.read(survey); });
-    requireSame(reading.result, expected.result, "the reader's result");
-    requireSame(reading.error, expected.error, "the reader's standard error");
-    requireSame(textOf(survey), textOf(plain), "the survey that was read");
-
-    const std::string output = folder().path("out.otte");
-    const auto tell = [&](Problem &problem) { return conversion.convertAndTell(output, problem); };
-    Outcome first = run(tell);
-    requireSame(first.result, expected.result, "the driver's result");
-    requireSame(first.error, expected.error, "the driver's standard error");
-    require(first.files.contains("out.otte") == (first.result == "0"),
-            "an OTTE file when the reading succeeded, and only then");
-    if (first.result == "0")
-        checkOtte(first.files["out.otte"], survey);
-    else
-        first.files["out.otte"] = "older";
-
-    folder().write("out.otte", "older");
-    const Outcome untold = run([&](Problem &) { return conversion.convert(output); });
-    folder().write("out.otte", "older");
-    requireSame(first, run(tell), untold);
-}
-
-void checkSeg2(const std::string &bytes, const std::vector<std::string> &strings,
-               const std::vector<ExpectedTrace> &traces)
-{
-    ParsedSeg2 file;
-    try {
-        file = parseSeg2(bytes);
-    } catch (const std::runtime_error &flaw) {
-        require(false, std::string("a SEG2 file is without a flaw: ") + flaw.what());
-    }
-    require(file.strings == strings, "the strings of the SEG2 file");
-    require(file.traces.size() == traces.size(), "as many SEG2 traces as there must be");
-    for (std::size_t i = 0; i < traces.size(); ++i) {
-        const ExpectedTrace &trace = traces[i];
-        std::string data;
-        for (const float sample : trace.samples)
-            for (int shift = 0; shift < 32; shift += 8)
-                data += static_cast<char>(std::bit_cast<std::uint32_t>(sample) >> shift & 255);
-        const std::vector<std::string> traceStrings = {
-            "DELAY " + printed(trace.delay),
-            "DESCALING_FACTOR 1",
-            "RECEIVER_LOCATION " + printed(trace.receiverX) + ' ' + printed(trace.receiverY) + ' '
-                + printed(trace.receiverZ),
-            "SAMPLE_INTERVAL " + printed(trace.interval),
-            "SOURCE_LOCATION " + printed(trace.sourceX) + " 0 0",
-            "STACK 1",
-        };
-        require(file.traces[i].strings == traceStrings, "the strings of a SEG2 trace");
-        require(file.traces[i].formatCode == 4, "SEG2 samples are 32-bit floats");
-        require(file.traces[i].sampleCount == trace.samples.size(), "a SEG2 trace's sample count");
-        require(file.traces[i].data == data, "a SEG2 trace's samples");
-    }
-}
-
-std::string listingOf(const std::vector<ExpectedTrace> &traces)
-{
-    std::ostringstream text;
-    text << listingHeading;
-    for (std::size_t i = 0; i < traces.size(); ++i)
-        text << i + 1 << "    " << traces[i].samples.size() << "      "
-             << static_cast<std::uint32_t>(traces[i].delay) << "     " << traces[i].interval
-             << "     " << traces[i].receiverX << "      0      0\n";
-    return text.str();
+    require(outcome.files.size() == plain.files.size(), form + ": no other files");
 }

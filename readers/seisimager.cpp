@@ -3,6 +3,9 @@
 
 #include "readers/seisimager.h"
 
+#include "traveltime/fields.h"
+#include "traveltime/text.h"
+
 namespace {
 
 /// What was read so far, and the counts as the file writes them.
@@ -11,7 +14,7 @@ struct Progress
     std::string shotCount = {};
     std::int32_t shots = 0;
     std::size_t shotLine = 0;
-    std::string receiverCount = {};
+    std::string receiverCount = {}; ///< of the shot that is being read
     std::uint32_t receivers = 0;
 };
 
@@ -51,7 +54,7 @@ std::string ending(const Progress &progress)
 void readTwoFields(OpenFile &file, Report &report)
 {
     const bool isThere = nextLine(file.text, file.line, report);
-    splitLine(file.line, file.fields, " ", report);
+    splitNumbers(file.line, file.fields, " ", report);
     if (file.fields.size() < 2 && file.suspicion.line != 0)
         fail(report, {report.place.file, file.suspicion.line}, file.suspicion.text);
     else if (!isThere)
@@ -78,12 +81,9 @@ bool looksLikeTrailer(const std::vector<std::string> &fields)
     return fields.size() == 2 && isZero(fields[0]) && isZero(fields[1]);
 }
 
-/// Takes note of the first receiver's line that looks like none. `first` is the shot's first
-/// receiver's line: where that looks the same, it means nothing.
-void suspect(const std::vector<std::string> &first, OpenFile &file, const Report &report)
+/// Takes note of the first receiver's line that looks like none.
+void suspect(bool isShot, bool isTrailer, OpenFile &file, const Report &report)
 {
-    const bool isShot = looksLikeShot(file.fields) && !looksLikeShot(first);
-    const bool isTrailer = looksLikeTrailer(file.fields) && first.size() > 2;
     if (file.suspicion.line != 0 || (!isShot && !isTrailer))
         return;
     file.suspicion = {report.place.line, isTrailer,
@@ -101,7 +101,7 @@ void readShot(OpenFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Repo
     progress.receiverCount.clear();
     readTwoFields(file, report);
     progress.shotLine = report.place.line;
-    progress.receiverCount = file.fields[1];
+    progress.receiverCount = quotable(file.fields[1]);
     const double shotX = readPosition(file.fields[0], report);
     // -1 is 4294967295: the file ends before, with an error.
     const auto receiverCount = static_cast<std::uint32_t>(readInteger(file.fields[1], report));
@@ -112,12 +112,17 @@ void readShot(OpenFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Repo
 
     Spread receivers;
     std::vector<double> times;
-    std::vector<std::string> first;
+    // What the first receiver's line looks like means nothing in the others.
+    bool mayBeShot = false;
+    bool mayBeTrailer = false;
     for (progress.receivers = 0; progress.receivers < receiverCount; ++progress.receivers) {
         readTwoFields(file, report);
-        if (progress.receivers == 0)
-            first = file.fields;
-        suspect(first, file, report);
+        if (progress.receivers == 0) {
+            mayBeShot = !looksLikeShot(file.fields);
+            mayBeTrailer = file.fields.size() > 2;
+        }
+        suspect(mayBeShot && looksLikeShot(file.fields),
+                mayBeTrailer && looksLikeTrailer(file.fields), file, report);
         receivers.push_back({readPosition(file.fields[0], report), 0.0});
         times.push_back(readTime(file.fields[1], 1000.0, report));
     }
@@ -164,10 +169,10 @@ bool readSeisImager(const std::string &path, TraveltimeSurvey &survey, SpreadInd
         nextLine(file.text, file.line, report);
         const std::string firstLine = file.line;
         // Not used, but a line of blanks alone is refused.
-        tokenize(firstLine, file.fields, " ");
+        splitLine(firstLine, file.fields, " ", report);
         readTwoFields(file, report);
         const std::int32_t shotCount = readInteger(file.fields[1], report);
-        file.progress.shotCount = file.fields[1];
+        file.progress.shotCount = quotable(file.fields[1]);
         if (shotCount <= 0)
             remark(report, RemarkKind::noShots, "there are no shots in this file");
 

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "traveltime/problem.h"
+#include "traveltime/report.h"
 
 #include <array>
+#include <ostream>
 #include <string>
 
 /// One of the three kinds of records in a Dolang data set: what follows the base path in the names
@@ -36,9 +37,8 @@ inline constexpr std::array<DolangKind, 3> dolangKinds = {
 /// ten million samples more than the channel files read so far have bytes.
 void convertDolangToSeg2(std::string basePath);
 
-/// Converts one kind. False, after the line on the standard error stream, when the conversion of
-/// the data set ends there. What `problem` tells goes further: a SEG2 file that cannot be created
-/// or written whole, and a sampling rate of 0, end nothing.
-bool convertDolangKind(const std::string &basePath, const DolangKind &kind,
-                       const std::string &listingPath, const std::string &seg2Path,
-                       Problem &problem);
+/// Converts one kind. The lines about the traces go to `progress`, if there is one. report.result
+/// is 1 when the conversion of the data set ends there.
+bool convertDolang(const std::string &basePath, const DolangKind &kind,
+                   const std::string &listingPath, const std::string &seg2Path,
+                   std::ostream *progress, Report &report);

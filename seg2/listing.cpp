@@ -6,20 +6,10 @@
 #include "seg2/seg2_file.h"
 #include "traveltime/text.h"
 
-#include <algorithm>
-#include <cstdio>
+#include <deque>
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
-#include <stdexcept>
-#include <utility>
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace {
 
@@ -30,66 +20,58 @@ constexpr char heading[] = "TRACE_SORT   AS_ACQUIRED\n"
                            "Trace   No. of    Delay   Interval       Receiver Location\n"
                            "No.     Samples   (s)     (s)        X           Y         Z\n";
 
-/// False when the process has no standard output or it is the null device.
-bool outputIsRead()
-{
-    if (!std::cout)
-        return false;
-#ifdef _WIN32
-    return _fileno(stdout) >= 0;
-#else
-    struct stat output;
-    struct stat nullDevice;
-    if (fstat(STDOUT_FILENO, &output) != 0)
-        return false;
-    return !S_ISCHR(output.st_mode) || stat("/dev/null", &nullDevice) != 0
-           || output.st_rdev != nullDevice.st_rdev;
-#endif
-}
-
-void printTrace(std::size_t index, const std::vector<float> &samples)
+void printTrace(std::size_t index, const std::vector<float> &samples, std::ostream &progress)
 {
     std::string text = "TraceINDEX : " + std::to_string(index) + '\n';
     for (const float sample : samples) {
         appendNumber(text, sample);
         text += '\n';
     }
-    std::cout << text << std::flush;
+    progress << text << std::flush;
 }
 
-void readHeading(std::istream &listing, Seg2File &file)
+void readHeading(std::istream &listing, Seg2File &file, Report &report)
 {
     for (int pair = 0; pair < 2; ++pair) {
         std::string keyword;
         std::string value;
         listing >> keyword >> value;
-        setFileString(file, keyword, value);
+        setFileString(file, keyword, value, report);
     }
     std::string word;
     while (word != "Z" && listing >> word) { }
 }
 
-void readTraces(std::istream &listing, double sourceX, const TraceSamples &samples, bool isPrinted,
-                Seg2File &file)
+/// Reads the lines of the traces and prints the traces. Throws at one with too few samples.
+std::deque<Seg2TraceHeader> readTraces(std::istream &listing, double sourceX,
+                                       const RecordSamples &samples, std::ostream *progress,
+                                       Report &report)
 {
+    std::deque<Seg2TraceHeader> headers;
     std::int32_t number = 0;
     while (listing >> number) {
-        // From a value on that is no number for a stream, as "inf" is, the values are 0, and the
-        // loop ends after this trace.
+        // From the first value that is not a number to a stream, such as "inf", the values are 0,
+        // and this trace is the last.
         Seg2TraceHeader header;
         listing >> header.sampleCount >> header.delay >> header.sampleInterval >> header.receiverX
             >> header.receiverY >> header.receiverZ;
         header.stackCount = 1;
         header.descalingFactor = 1.0;
         header.sourceX = sourceX;
-        const std::size_t index = file.traces.size();
-        std::vector<float> values = samples(index, header.sampleCount);
-        if (isPrinted)
-            printTrace(index, values);
-        if (values.size() < header.sampleCount)
-            throw std::out_of_range("invalid vector subscript");
-        addTrace(file, header, std::move(values));
+        const std::size_t index = headers.size();
+        if (progress != nullptr)
+            printTrace(index, samples.read(index, header.sampleCount), *progress);
+        const std::uint32_t available = samples.available(index, header.sampleCount);
+        if (available < header.sampleCount) {
+            fail(report,
+                 "the listing says " + counted(header.sampleCount, "sample") + " for trace "
+                     + std::to_string(index + 1) + ", which has " + std::to_string(available),
+                 Window::goesOn);
+            throwInvalidSubscript();
+        }
+        headers.push_back(header);
     }
+    return headers;
 }
 
 /// A device has nothing to read back, or no end.
@@ -104,25 +86,37 @@ std::ifstream openListing(const std::string &path)
     return stream;
 }
 
-/// Remarks on a file whose own fields have wrapped around.
-void remarkLimits(const Seg2File &file, Problem &problem)
+void convertOpened(std::istream &listing, std::ofstream &stream, const std::string &seg2Path,
+                   std::optional<double> sourceX, const RecordSamples &samples,
+                   std::ostream *progress, Report &report)
 {
-    if (file.traces.size() > 16383)
-        problem.remark = counted(file.traces.size(), "trace")
-                         + ", and a SEG2 file has room for the pointers of 16383";
-    else if (!std::is_sorted(file.tracePointers.begin(), file.tracePointers.end()))
-        problem.remark = "traces lie beyond the 4 GiB that a SEG2 file can point into";
+    Seg2File file;
+    readHeading(listing, file, report);
+    if (!sourceX)
+        throwInvalidSubscript();
+    const auto headers = readTraces(listing, *sourceX, samples, progress, report);
+    auto header = headers.begin();
+    const auto addNext = [&] {
+        const auto index = static_cast<std::size_t>(header - headers.begin());
+        addTrace(file, *header, samples.read(index, header->sampleCount));
+        ++header;
+    };
+    writeOneByOne(file, headers.size(), addNext, stream);
+    stream.close();
+    if (!stream)
+        failInSystem(report, seg2Path, Window::goesOn);
+    if (const std::string text = overflowOf(file); !text.empty())
+        fail(report, text, Window::goesOn);
 }
 
 } // namespace
 
-bool writeListing(const std::string &path, const std::vector<ListingTrace> &traces,
-                  Problem &problem)
+bool writeListing(const std::string &path, const std::vector<ListingTrace> &traces, Report &report)
 {
     std::ofstream stream(path);
     if (!stream) {
-        tellSystemError(problem, path);
-        std::cerr << "Error in opening file " + path + '\n';
+        failInSystem(report, path);
+        print(report, "Error in opening file " + path);
         return false;
     }
     std::string text = heading;
@@ -138,40 +132,31 @@ bool writeListing(const std::string &path, const std::vector<ListingTrace> &trac
         text += "      ";
         appendNumber(text, trace.receiverZ);
         text += '\n';
+        if (text.size() >= std::size_t{1} << 16) {
+            stream << text;
+            text.clear();
+        }
     }
     stream << text;
     stream.close();
     if (!stream)
-        tellSystemError(problem, path);
+        failInSystem(report, path, Window::goesOn);
     return true;
 }
 
 bool convertListing(const std::string &listingPath, const std::string &seg2Path,
-                    std::optional<double> sourceX, const TraceSamples &samples, Problem &problem)
+                    std::optional<double> sourceX, const RecordSamples &samples,
+                    std::ostream *progress, Report &report)
 {
-    // Asked first: without a standard output, files opened later would pass for it.
-    const bool isPrinted = outputIsRead();
     std::ifstream listing = openListing(listingPath);
     std::ofstream stream(seg2Path, std::ios::binary);
     if (!stream)
-        tellSystemError(problem, seg2Path);
+        failInSystem(report, seg2Path, Window::goesOn);
     try {
-        Seg2File file;
-        readHeading(listing, file);
-        if (!sourceX)
-            throw std::out_of_range("invalid vector subscript");
-        readTraces(listing, *sourceX, samples, isPrinted, file);
-        write(file, stream);
-        stream.close();
-        if (stream)
-            remarkLimits(file, problem);
-        else
-            tellSystemError(problem, seg2Path);
+        convertOpened(listing, stream, seg2Path, sourceX, samples, progress, report);
     } catch (const std::exception &error) {
-        std::cerr << "EXCEPTION!\n";
-        if (problem.detail.empty())
-            problem = {seg2Path, 0, error.what(), problem.remark};
-        return false;
+        print(report, "EXCEPTION!");
+        return fail(report, {seg2Path}, error.what(), Window::goesOn);
     }
     return true;
 }

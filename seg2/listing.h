@@ -3,12 +3,13 @@
 
 #pragma once
 
-#include "traveltime/problem.h"
+#include "traveltime/report.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -27,19 +28,28 @@ struct ListingTrace
     double receiverZ = 0.0;
 };
 
-/// Gives the first `count` samples of a trace, counted from 0, or as many of them as there are.
-using TraceSamples = std::function<std::vector<float>(std::size_t trace, std::uint32_t count)>;
+/// The samples of a record. Traces are counted from 0.
+struct RecordSamples
+{
+    /// How many of the first `count` samples of a trace there are.
+    std::function<std::uint32_t(std::size_t trace, std::uint32_t count)> available;
+    /// Reads these.
+    std::function<std::vector<float>(std::size_t trace, std::uint32_t count)> read;
+};
 
-/// Writes the listing. False, after a line on the standard error stream, when it cannot be created;
-/// a listing that is not written whole is told in `problem` alone.
-bool writeListing(const std::string &path, const std::vector<ListingTrace> &traces,
-                  Problem &problem);
+/// Writes the listing. False when it cannot be created, which prints a line. A listing that is not
+/// written whole is a failure for commands alone.
+bool writeListing(const std::string &path, const std::vector<ListingTrace> &traces, Report &report);
 
 /// Reads the listing back and writes the SEG2 file that it and the samples make, all traces with
-/// the source at `sourceX`, 0, 0. Each trace's index and samples go to the standard output stream.
+/// the source at `sourceX`, 0, 0. Each trace's index and samples go to `progress`, if there is one,
+/// before anything is written. A trace's samples are read when they are printed and again when they
+/// are written.
 ///
-/// False, after "EXCEPTION!" on the standard error stream, when an exception ended it: a trace has
-/// fewer samples than its line says, or there is no `sourceX` because there are no traces. A SEG2
-/// file that cannot be created or is not written whole is told in `problem` alone.
+/// False when an exception ended it, which prints "EXCEPTION!": a trace has fewer samples than its
+/// line says, or there is no `sourceX` because there are no traces. That is a failure, and so are a
+/// SEG2 file that cannot be created or is not written whole, and traces that it cannot point to;
+/// report.result stays as it is.
 bool convertListing(const std::string &listingPath, const std::string &seg2Path,
-                    std::optional<double> sourceX, const TraceSamples &samples, Problem &problem);
+                    std::optional<double> sourceX, const RecordSamples &samples,
+                    std::ostream *progress, Report &report);

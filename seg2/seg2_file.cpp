@@ -7,8 +7,6 @@
 #include "traveltime/text.h"
 
 #include <algorithm>
-#include <iostream>
-#include <stdexcept>
 #include <utility>
 
 #include <QtEndian>
@@ -74,7 +72,7 @@ template <typename Sample>
 void appendData(std::string &bytes, const std::vector<Sample> &samples, std::size_t count)
 {
     if (samples.size() < count)
-        throw std::out_of_range("invalid vector subscript");
+        throwInvalidSubscript();
     appendLittleSamples(bytes, samples.data(), count);
 }
 
@@ -96,28 +94,6 @@ void appendData(std::string &bytes, const Seg2Trace &trace)
     }
 }
 
-/// Appends a trace, its descriptor block and its samples, which begins at `start` in the file.
-void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start)
-{
-    const std::string strings = stringList(trace.strings, file, start + descriptorFieldsSize);
-    trace.descriptorSize = static_cast<std::uint16_t>(descriptorFieldsSize + strings.size());
-
-    const std::size_t begin = bytes.size();
-    appendLittle16(bytes, trace.blockId);
-    appendLittle16(bytes, trace.descriptorSize);
-    const std::size_t dataSizePosition = bytes.size();
-    appendLittle32(bytes, trace.dataSize); // known later
-    appendLittle32(bytes, trace.sampleCount);
-    appendLittleSamples(bytes, &trace.formatCode, 1);
-    bytes.append(trace.reserved.data(), trace.reserved.size());
-    bytes += strings;
-    appendData(bytes, trace);
-
-    // Counted from where the kept descriptor size says that the data begin.
-    trace.dataSize = static_cast<std::uint32_t>(bytes.size() - begin - trace.descriptorSize);
-    qToLittleEndian(trace.dataSize, bytes.data() + dataSizePosition);
-}
-
 std::string fileDescriptor(const Seg2File &file)
 {
     std::string bytes;
@@ -135,9 +111,11 @@ std::string fileDescriptor(const Seg2File &file)
     return bytes;
 }
 
-/// Writes the traces behind what stands in the stream, a megabyte or more at once: a small write
+using TraceAt = std::function<Seg2Trace &(std::size_t index)>;
+
+/// Writes `count` traces after what the stream holds, a megabyte or more at once: a small write
 /// begins inside a page of the disk's cache, which the system then fills with zeros first.
-void writeTraces(Seg2File &file, std::ostream &stream)
+void writeTraces(Seg2File &file, std::size_t count, const TraceAt &traceAt, std::ostream &stream)
 {
     stream.seekp(0, std::ios::end);
     // A stream that has failed, which has no position, takes nothing.
@@ -152,12 +130,12 @@ void writeTraces(Seg2File &file, std::ostream &stream)
         wholeTraces = 0;
     };
     try {
-        for (std::size_t i = 0; i < file.traces.size(); ++i) {
+        for (std::size_t i = 0; i < count; ++i) {
             const std::uint64_t start = written + bytes.size();
-            appendTrace(bytes, file.traces[i], file, start);
+            appendTrace(bytes, traceAt(i), file, start);
             wholeTraces = bytes.size();
             if (i >= file.tracePointers.size())
-                throw std::out_of_range("invalid vector subscript");
+                throwInvalidSubscript();
             file.tracePointers[i] = static_cast<std::uint32_t>(start);
             if (bytes.size() >= std::size_t{1} << 20)
                 flush();
@@ -171,13 +149,20 @@ void writeTraces(Seg2File &file, std::ostream &stream)
 
 } // namespace
 
-void setFileString(Seg2File &file, std::string key, std::string value)
+void setFileString(Seg2File &file, std::string key, std::string value, Report &report)
 {
     const auto beginsKey = [&key](const char *keyword) { return key.starts_with(keyword); };
     if (std::none_of(standardKeywords.begin(), standardKeywords.end(), beginsKey))
-        std::cerr << "WARNING: Keyword " + key
-                         + " is not a standard keyword for the file descriptor block.\n";
+        print(report, "WARNING: Keyword " + key
+                          + " is not a standard keyword for the file descriptor block.");
     file.strings[std::move(key)] = std::move(value);
+}
+
+void setFileString(Seg2File &file, std::string key, std::string value)
+{
+    Report report;
+    setFileString(file, std::move(key), std::move(value), report);
+    finish(report);
 }
 
 Seg2Trace buildTrace(const Seg2TraceHeader &header, std::vector<float> samples)
@@ -203,14 +188,73 @@ void addTrace(Seg2File &file, const Seg2TraceHeader &header, std::vector<float> 
     ++file.traceCount;
 }
 
-std::ostream &write(Seg2File &file, std::ostream &stream)
+void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start)
+{
+    const std::string strings = stringList(trace.strings, file, start + descriptorFieldsSize);
+    trace.descriptorSize = static_cast<std::uint16_t>(descriptorFieldsSize + strings.size());
+
+    const std::size_t begin = bytes.size();
+    appendLittle16(bytes, trace.blockId);
+    appendLittle16(bytes, trace.descriptorSize);
+    const std::size_t dataSizePosition = bytes.size();
+    appendLittle32(bytes, trace.dataSize); // known later
+    appendLittle32(bytes, trace.sampleCount);
+    appendLittleSamples(bytes, &trace.formatCode, 1);
+    bytes.append(trace.reserved.data(), trace.reserved.size());
+    bytes += strings;
+    appendData(bytes, trace);
+
+    // Counted from where the kept descriptor size says that the data begin.
+    trace.dataSize = static_cast<std::uint32_t>(bytes.size() - begin - trace.descriptorSize);
+    qToLittleEndian(trace.dataSize, bytes.data() + dataSizePosition);
+}
+
+void writeDescriptor(Seg2File &file, std::ostream &stream)
 {
     file.tracePointersSize = static_cast<std::uint16_t>(4 * file.traceCount);
     stream << fileDescriptor(file);
-    writeTraces(file, stream);
+}
+
+std::ostream &writePointers(const Seg2File &file, std::ostream &stream)
+{
     std::string pointers;
     appendLittleSamples(pointers, file.tracePointers.data(), file.tracePointers.size());
     stream.seekp(descriptorFieldsSize);
-    stream << pointers;
-    return stream;
+    return stream << pointers;
+}
+
+std::ostream &write(Seg2File &file, std::ostream &stream)
+{
+    writeDescriptor(file, stream);
+    writeTraces(
+        file, file.traces.size(), [&file](std::size_t i) -> Seg2Trace & { return file.traces[i]; },
+        stream);
+    return writePointers(file, stream);
+}
+
+std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
+                            const std::function<void()> &addNext, std::ostream &stream)
+{
+    file.traceCount = static_cast<std::uint16_t>(traceCount);
+    writeDescriptor(file, stream);
+    file.traceCount = 0; // addTrace() counts them again
+    const auto next = [&](std::size_t) -> Seg2Trace & {
+        file.traces.clear();
+        addNext();
+        return file.traces.back();
+    };
+    writeTraces(file, traceCount, next, stream);
+    file.traces.clear();
+    return writePointers(file, stream);
+}
+
+std::string overflowOf(const Seg2File &file)
+{
+    constexpr std::size_t mostTraces = 16383; // by the size of their pointers
+    if (file.tracePointers.size() > mostTraces)
+        return counted(file.tracePointers.size(), "trace") + ", and a SEG2 file can point to "
+               + std::to_string(mostTraces) + ": split the record";
+    if (!std::is_sorted(file.tracePointers.begin(), file.tracePointers.end()))
+        return "traces lie beyond the 4 GiB that a SEG2 file can point into: split the record";
+    return "";
 }

@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include "traveltime/report.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <ostream>
 #include <string>
@@ -76,7 +79,8 @@ struct Seg2TraceHeader
 };
 
 /// Sets a string of the file descriptor block. A key that does not begin with one of the standard's
-/// keywords is stored too, after a warning on the standard error stream.
+/// keywords is stored too, with a warning. The second form writes it to the standard error stream.
+void setFileString(Seg2File &file, std::string key, std::string value, Report &report);
 void setFileString(Seg2File &file, std::string key, std::string value);
 
 /// A trace of `header.sampleCount` 32-bit floats, with the six strings that the header's values
@@ -96,3 +100,23 @@ void addTrace(Seg2File &file, const Seg2TraceHeader &header, std::vector<float> 
 /// Throws std::out_of_range "invalid vector subscript" for a trace with fewer samples, or a file
 /// with fewer trace pointers, than there must be.
 std::ostream &write(Seg2File &file, std::ostream &stream);
+
+/// The same for `traceCount` traces that are never in memory together: `addNext` adds one at a time
+/// with addTrace() to the file, which begins and ends without traces.
+std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
+                            const std::function<void()> &addNext, std::ostream &stream);
+
+// What these do, in steps, for traces that come from elsewhere.
+
+/// Writes the file's descriptor block, for file.traceCount traces, to a stream positioned at 0.
+void writeDescriptor(Seg2File &file, std::ostream &stream);
+
+/// Appends a trace, its descriptor block and its samples, which begins at `start` in the file.
+void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start);
+
+/// Writes file.tracePointers into the room that is left for them.
+std::ostream &writePointers(const Seg2File &file, std::ostream &stream);
+
+/// Says what in a file that was written is more than its fields can hold, if anything is: the
+/// number of traces or the place of one.
+std::string overflowOf(const Seg2File &file);

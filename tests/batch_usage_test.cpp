@@ -45,8 +45,10 @@ std::string refusal(const std::vector<std::string> &arguments)
 
 TEST(BatchUsage, WrongUsageTellsWhy)
 {
-    const std::string noFormat =
-        "a format is needed: geogiga, winsism, seisimager, generic, su or dolang";
+    const std::string formats = "geogiga, winsism, seisimager, generic, su or dolang";
+    const std::string noFormat = "a format is needed: " + formats;
+    const std::string noStream =
+        "standard input and output are not taken: name a file instead of \"-\"";
     const std::string noOutput = "one output file is needed: -o FILE";
     const std::string noInput = "an input file is needed";
     const std::string noShot = "one --shot is needed for each file";
@@ -54,9 +56,18 @@ TEST(BatchUsage, WrongUsageTellsWhy)
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
         {{}, noFormat},
         {{"-o", "line.otte"}, noFormat},
-        {{"a.vs", "-o", "line.otte"}, noFormat},
-        {{"SeisImager", "a.vs", "-o", "line.otte"}, noFormat},
-        {{"", "a.vs", "-o", "line.otte"}, noFormat},
+        {{"a.vs", "-o", "line.otte"}, "a format is needed before \"a.vs\": " + formats},
+        {{"SeisImager", "a.vs", "-o", "line.otte"},
+         "\"SeisImager\" is no format: write seisimager"},
+        {{"SU", "a.su"}, "\"SU\" is no format: write su"},
+        {{"segy", "a.vs", "-o", "line.otte"}, "\"segy\" is no format: the formats are " + formats},
+        {{"", "a.vs", "-o", "line.otte"}, "\"\" is no format: the formats are " + formats},
+        {{"seisimager", "-", "-o", "line.otte"}, noStream},
+        {{"seisimager", "a.vs", "-", "-o", "line.otte"}, noStream},
+        {{"seisimager", "a.vs", "-o", "-"}, noStream},
+        {{"generic", "--shots", "-", "-o", "line.otte"}, noStream},
+        {{"su", "-"}, noStream},
+        {{"dolang", "-"}, noStream},
         {{"seisimager", "a.vs"}, noOutput},
         {{"seisimager", "a.vs", "-o", ""}, noOutput},
         {{"seisimager", "a.vs", "--output="}, noOutput},
@@ -83,7 +94,7 @@ TEST(BatchUsage, WrongUsageTellsWhy)
     };
     for (const auto &[arguments, reason] : cases) {
         SCOPED_TRACE(testing::PrintToString(arguments));
-        EXPECT_EQ(refusal(arguments), "convert2velarix-batch: " + reason + "; --help tells more\n");
+        EXPECT_EQ(refusal(arguments), "convert2velarix-batch: " + reason + "; see --help\n");
     }
 }
 
@@ -103,7 +114,7 @@ TEST(BatchUsage, OptionsThatTheFormatDoesNotTake)
     };
     for (const auto &[arguments, reason] : cases) {
         SCOPED_TRACE(testing::PrintToString(arguments));
-        EXPECT_EQ(refusal(arguments), "convert2velarix-batch: " + reason + "; --help tells more\n");
+        EXPECT_EQ(refusal(arguments), "convert2velarix-batch: " + reason + "; see --help\n");
     }
 }
 
@@ -122,7 +133,7 @@ TEST(BatchUsage, UnknownOptionsAndMissingValues)
         SCOPED_TRACE(testing::PrintToString(arguments));
         const std::string line = refusal(arguments);
         EXPECT_TRUE(line.starts_with("convert2velarix-batch: " + reason)) << line;
-        EXPECT_TRUE(line.ends_with("; --help tells more\n")) << line;
+        EXPECT_TRUE(line.ends_with("; see --help\n")) << line;
     }
 }
 
@@ -133,10 +144,10 @@ TEST(BatchUsage, ShotPositionsThatAreNotTwoNumbers)
         SCOPED_TRACE(position);
         EXPECT_EQ(refusal({"generic", "s1.txt", "--shot", position, "-o", "line.otte"}),
                   "convert2velarix-batch: --shot takes X,ELEVATION, not \"" + position
-                      + "\"; --help tells more\n");
+                      + "\"; see --help\n");
     }
     EXPECT_EQ(refusal({"generic", "s1.txt", "s2.txt", "--shot", "1,2", "--shot", "3", "-o", "x"}),
-              "convert2velarix-batch: --shot takes X,ELEVATION, not \"3\"; --help tells more\n");
+              "convert2velarix-batch: --shot takes X,ELEVATION, not \"3\"; see --help\n");
 }
 
 TEST(BatchUsage, ShotPositionsOutOfTheWorld)
@@ -145,7 +156,7 @@ TEST(BatchUsage, ShotPositionsOutOfTheWorld)
         SCOPED_TRACE(position);
         EXPECT_EQ(refusal({"generic", "s1.txt", "--shot", position, "-o", "line.otte"}),
                   "convert2velarix-batch: --shot takes X,ELEVATION, not \"" + position
-                      + "\"; --help tells more\n");
+                      + "\"; see --help\n");
     }
 }
 
@@ -163,7 +174,7 @@ TEST(BatchUsage, HelpNamesEveryFormatAndOption)
               "generic S1.txt ... --shot X,ELEVATION ... -o LINE.otte",
               "generic --shots SHOTS.txt -o LINE.otte", "su [--echo] LINE.su [MORE.su ...]",
               "dolang [--echo] LINE.ADT [MORE.ADT ...]", "-h, --help", "-v, --version",
-              "-o, --output", "--shot ", "--shots ", "--echo"})
+              "-o, --output", "--shot ", "--shots ", "--strict", "--echo"})
             EXPECT_NE(run.output.find(text), std::string::npos) << text;
         std::istringstream lines(run.output);
         for (std::string line; std::getline(lines, line);) {
@@ -183,7 +194,7 @@ TEST(BatchUsage, ArgumentThatIsNoUtf8IsRefused)
     process.start("sh", {"-c", "exec '" BATCH_COMMAND "' su \"$(printf 'l\\344.su')\""});
     EXPECT_EQ(finish(process), (BatchRun{2, "",
                                          "convert2velarix-batch: argument 2 is not valid "
-                                         "UTF-8; --help tells more\n"}));
+                                         "UTF-8; see --help\n"}));
 }
 
 TEST(BatchUsage, Version)

@@ -3,18 +3,34 @@
 
 #include "tests/support/batch_command.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
+#include <iterator>
 #include <thread>
 #include <unistd.h>
 
 namespace {
 
 constexpr int milliseconds = 60000; // far more than any run takes
+
+std::string contentOf(const std::filesystem::directory_entry &entry)
+{
+    std::error_code error;
+    if (!entry.is_regular_file(error))
+        return "";
+    constexpr std::uintmax_t megabyte = 1000000;
+    std::ifstream stream(entry.path(), std::ios::binary);
+    if (!stream || entry.file_size() > megabyte)
+        return std::to_string(entry.file_size()) + " bytes";
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
 
 } // namespace
 
@@ -75,6 +91,23 @@ std::vector<std::string> BatchFolder::names() const
         names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::map<std::string, std::string> BatchFolder::contents() const
+{
+    std::map<std::string, std::string> contents;
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(path("")))
+        contents[entry.path().string()] = contentOf(entry);
+    return contents;
+}
+
+void expectRefused(const BatchFolder &folder, const std::vector<std::string> &arguments,
+                   const std::string &lines, const std::function<void()> &inChild)
+{
+    const std::map<std::string, std::string> before = folder.contents();
+    EXPECT_EQ(folder.run(arguments, inChild), (BatchRun{1, "", lines + '\n'}))
+        << testing::PrintToString(arguments);
+    EXPECT_EQ(folder.contents(), before) << testing::PrintToString(arguments);
 }
 
 BatchRun finish(QProcess &process)

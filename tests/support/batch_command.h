@@ -8,6 +8,7 @@
 #include <QProcess>
 
 #include <functional>
+#include <map>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -43,7 +44,15 @@ public:
 
     /// What the folder holds, sorted.
     std::vector<std::string> names() const;
+    /// Everything in the folder and below it by its path, with what a regular file holds; of one
+    /// above a megabyte, or that may not be read, its size.
+    std::map<std::string, std::string> contents() const;
 };
+
+/// Expects that the command fails with these lines on the standard error stream, and that it leaves
+/// everything in the folder as it was.
+void expectRefused(const BatchFolder &folder, const std::vector<std::string> &arguments,
+                   const std::string &lines, const std::function<void()> &inChild = {});
 
 /// Waits for the end of a command that was started.
 BatchRun finish(QProcess &process);
