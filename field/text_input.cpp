@@ -3,6 +3,7 @@
 
 #include "field/text_input.h"
 
+#include "field/numbers.h"
 #include "traveltime/text.h"
 
 #include <algorithm>
@@ -91,17 +92,6 @@ bool couldPartThousands(std::string_view number)
     return comma >= 1 && comma <= 3 && number[0] != '0' && number.size() == comma + 4
            && std::all_of(number.begin() + static_cast<std::ptrdiff_t>(comma) + 1, number.end(),
                           isDigit);
-}
-
-/// The finite number that is all of `text`.
-std::optional<double> parsed(std::string_view text)
-{
-    double value = 0.0;
-    const char *const last = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), last, value);
-    if (error != std::errc() || end != last || !std::isfinite(value))
-        return {};
-    return value;
 }
 
 /// Reads a number with a decimal comma; nothing when the field is none.
@@ -283,21 +273,18 @@ bool endNumbers(const TextInput &input, Report &report)
 
 std::optional<double> wholeNumber(std::string_view field, int power)
 {
-    if (field.size() > 1 && field[0] == '+' && field[1] != '-')
-        field.remove_prefix(1);
-    if (power == 0)
-        return parsed(field);
+    const std::optional<double> number = plainNumber(field);
+    if (power == 0 || !number)
+        return number;
     // The power goes into the number's text, so that it is rounded once.
     const std::size_t mark = std::min(field.find_first_of("eE"), field.size());
     if (mark < field.size()) {
-        if (!parsed(field))
-            return {};
         const char *const begin = field.data() + mark + (field[mark + 1] == '+' ? 2 : 1);
         int exponent = 0;
         std::from_chars(begin, field.data() + field.size(), exponent);
         power += exponent;
     }
-    return parsed(std::string(field.substr(0, mark)) + 'e' + std::to_string(power));
+    return plainNumber(std::string(field.substr(0, mark)) + 'e' + std::to_string(power));
 }
 
 std::string quoted(std::string_view text)
