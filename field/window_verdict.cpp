@@ -66,7 +66,12 @@ constexpr WindowFormat windowFormats[] = {
 };
 
 /// Something that the window does otherwise.
-using Difference = Failure;
+struct Difference
+{
+    Place place = {};
+    std::string text = {};
+    bool isInLine = true; ///< in the place's line itself, not somewhere after it
+};
 
 Difference difference(const Origin &origin, const PickSurvey &picks, const char *what, double read,
                       double meant)
@@ -105,7 +110,8 @@ std::optional<Difference> compareShot(std::size_t shot, const PickSurvey &picks,
     if (count != receivers.size() || read.times.size() != count)
         return Difference{placeOf(origin, picks),
                           "the window reads " + std::to_string(read.times.size())
-                              + " times for this shot, not " + std::to_string(receivers.size())};
+                              + " times for this shot, not " + std::to_string(receivers.size()),
+                          false};
     return {};
 }
 
@@ -124,7 +130,8 @@ std::optional<Difference> compare(const PickSurvey &picks, const TraveltimeSurve
     const Origin &origin = picks.shotOrigins[std::min(count, picks.shotOrigins.size() - 1)];
     return Difference{placeOf(origin, picks),
                       "the window reads " + std::to_string(window.traveltimes.size())
-                          + " shots, not " + std::to_string(picks.survey.shots.size())};
+                          + " shots, not " + std::to_string(picks.survey.shots.size()),
+                      false};
 }
 
 /// Whether a remark tells of something that is read otherwise than it was meant.
@@ -137,22 +144,22 @@ bool isReason(const Remark &remark)
 }
 
 /// The first of what the window does otherwise: what its reader tells comes before a difference
-/// that shows in the same line.
+/// that shows in the same line, or only further down.
 Difference firstReason(const Report &report, const Difference &shown)
 {
     Difference first = shown;
     const auto consider = [&](const Place &place, const std::string &text) {
-        if (place.line <= first.place.line)
+        if (!first.isInLine || place.line <= first.place.line)
             first = {place, text};
     };
-    for (auto remark = report.remarks.rbegin(); remark != report.remarks.rend(); ++remark)
-        if (isReason(*remark))
-            consider(remark->place, "the window reads this otherwise: " + remark->text);
     const bool stops = report.result != 0 || report.error;
     if (report.failure)
         consider(report.failure->place,
                  (stops ? "the window refuses this: " : "the window goes on after this: ")
                      + report.failure->text);
+    for (auto remark = report.remarks.rbegin(); remark != report.remarks.rend(); ++remark)
+        if (isReason(*remark))
+            consider(remark->place, "the window reads this otherwise: " + remark->text);
     return first;
 }
 
@@ -177,7 +184,7 @@ std::optional<WindowVerdict> windowVerdict(const std::string &format, const std:
     if (!shown && !windowReport.failure)
         return WindowVerdict{true};
     if (!shown)
-        shown = windowReport.failure;
+        shown = Difference{windowReport.failure->place, windowReport.failure->text, false};
     const Difference first = firstReason(windowReport, *shown);
     return WindowVerdict{false, first.place, first.text};
 }
