@@ -61,6 +61,7 @@ QJsonObject toJson(const RecordSummary &summary)
     return {{"byteOrder", summary.file.byteOrder == ByteOrder::bigEndian ? "big" : "little"},
             {"strings", strings},
             {"traces", count(summary.traces)},
+            {"hasAngles", summary.hasAngles},
             {"deadTraces", count(summary.deadTraces)},
             {"sampleTypes", toArray(summary.sampleTypes, QString::fromStdString)},
             {"samples", toJson(summary.samples)},

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <sys/stat.h>
 
 namespace {
@@ -246,5 +247,23 @@ TEST(FieldConvertPicks, AnOutputThatCannotBeWritten)
         const FieldRun run = picks.run({"convert", "a.vs", "--to", format, "-o", "/dev/full"});
         EXPECT_EQ(run.status, 1) << format;
         EXPECT_EQ(run.error, "/dev/full: " + systemText(ENOSPC) + '\n') << format;
+    }
+}
+
+TEST(FieldConvertPicks, AnInterruptLeavesTheOlderOutput)
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const Picks picks;
+        // Nobody writes the topography, so the command waits with its output begun.
+        ASSERT_EQ(mkfifo(picks.path("ground.txt").c_str(), 0600), 0);
+        const std::vector<std::string> before = picks.names();
+        QProcess process;
+        picks.start(process, {"convert", "a.vs", "--topography", "ground.txt", "-o", "line.otte"});
+        ASSERT_TRUE(waitUntil([&] { return picks.names().size() > before.size(); }));
+        EXPECT_EQ(readFile(picks.path("line.otte")), "older");
+        sendSignal(process, signal);
+        EXPECT_EQ(finish(process), (FieldRun{-signal, "", ""}));
+        EXPECT_EQ(picks.names(), before);
+        EXPECT_EQ(readFile(picks.path("line.otte")), "older");
     }
 }
