@@ -236,6 +236,8 @@ bool readSgtPicks(const std::string &path, const PickOptions & /*options*/, Pick
         || !readRest(block, file, report) || !endNumbers(file.input, report))
         return false;
     remarkOnUnused(measurements, table, {path, points.countLine}, report);
+    if (measurements.empty())
+        remark(report, RemarkKind::noShots, "there are no shots in this file");
     addShots(picks, measurements, table, path);
     return true;
 }

@@ -254,6 +254,8 @@ TEST(Numbers, CommasAndPointsInOneFileAreRefused)
 TEST(Numbers, OneOfTwoCommasIsNoNumber)
 {
     EXPECT_EQ(numbersIn("1,234,5").failure, "1: \"1,234,5\" is no number: the x expected");
+    EXPECT_EQ(numbersIn("1,").failure, "1: \"1,\" is no number: the x expected");
+    EXPECT_EQ(numbersIn("1,e5").failure, "1: \"1,e5\" is no number: the x expected");
     EXPECT_EQ(numbersIn("1,234.5").failure, "1: \"1,234.5\" is no number: the x expected");
 }
 
