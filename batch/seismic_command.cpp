@@ -14,6 +14,7 @@
 #include <functional>
 #include <iostream>
 #include <set>
+#include <system_error>
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -128,10 +129,12 @@ int convertAll(const std::vector<std::string> &inputs, const Request &request,
         if (isTerminal())
             std::cerr << std::to_string(i + 1) + '/' + std::to_string(inputs.size()) + ' '
                              + inputs[i] + '\n';
-        const std::filesystem::path base = std::filesystem::absolute(baseOf(inputs[i]));
+        const std::filesystem::path base = baseOf(inputs[i]);
         std::error_code error;
-        const std::filesystem::path canonical = std::filesystem::weakly_canonical(base, error);
-        if (bases.insert(error ? base : canonical).second) {
+        std::filesystem::path place = std::filesystem::absolute(base, error);
+        if (!error)
+            place = std::filesystem::weakly_canonical(place, error);
+        if (bases.insert(error ? base : place).second) {
             if (!convert(inputs[i], request))
                 status = conversionFailed;
             continue;

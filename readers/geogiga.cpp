@@ -305,7 +305,7 @@ void remarkOnLayouts(const std::vector<Layout> &layouts, const Spread &written, 
 bool readShot(OpenFile &file, double elevation, TraveltimeSurvey &survey, Spread &receivers,
               std::vector<Layout> &layouts, Report &report)
 {
-    // What the last row of the block before left of its line comes first.
+    // The rest of the previous row's line comes first.
     do
         nextLine(file.text, file.line, report);
     while (file.line == "\r");

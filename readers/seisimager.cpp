@@ -24,6 +24,7 @@ struct Suspicion
     std::size_t line = 0; ///< 0 for none
     bool isTrailer = false;
     std::string text = {};
+    Report before = {}; ///< as it was at that line
 };
 
 /// The file as it is read, with the current line cut into fields.
@@ -49,6 +50,16 @@ std::string ending(const Progress &progress)
     return text;
 }
 
+/// Gives up what was remarked on since the suspicious line: all of it came of reading a line as
+/// what it is not.
+Place believe(const Suspicion &suspicion, Report &report)
+{
+    report.remarks = suspicion.before.remarks;
+    report.remarkCounts = suspicion.before.remarkCounts;
+    report.worst = suspicion.before.worst;
+    return {report.place.file, suspicion.line};
+}
+
 /// Reads the next line, which must have at least two fields. What goes wrong may show only long
 /// after the line that is the reason for it.
 void readTwoFields(OpenFile &file, Report &report)
@@ -56,7 +67,7 @@ void readTwoFields(OpenFile &file, Report &report)
     const bool isThere = nextLine(file.text, file.line, report);
     splitNumbers(file.line, file.fields, " ", report);
     if (file.fields.size() < 2 && file.suspicion.line != 0)
-        fail(report, {report.place.file, file.suspicion.line}, file.suspicion.text);
+        fail(report, believe(file.suspicion, report), file.suspicion.text);
     else if (!isThere)
         fail(report, ending(file.progress));
     requireFields(file.fields, 2, report);
@@ -72,7 +83,7 @@ bool isZero(const std::string &field)
 bool looksLikeShot(const std::vector<std::string> &fields)
 {
     return fields.size() >= 3 && fields[1].find_first_not_of("0123456789") == std::string::npos
-           && isZero(fields[2]);
+           && !isZero(fields[1]) && isZero(fields[2]);
 }
 
 /// The lines after the last shot, as pickers write them, hold nothing but zeros.
@@ -91,7 +102,8 @@ void suspect(bool isShot, bool isTrailer, OpenFile &file, const Report &report)
                           + std::to_string(file.progress.shotLine) + ", says "
                           + file.progress.receiverCount + " receivers, but line "
                           + std::to_string(report.place.line) + " looks like "
-                          + (isShot ? "a shot line" : "the end of the survey")};
+                          + (isShot ? "a shot line" : "the end of the survey"),
+                      report};
 }
 
 /// Reads a shot's line and its receivers' lines into the survey.
@@ -138,8 +150,7 @@ void remarkOnLinesLeft(const std::string &firstLine, OpenFile &file, Report &rep
                                "0. \t\r", report);
     const bool isSurvey = rest.firstLine == firstLine;
     if (file.suspicion.isTrailer || (file.suspicion.line != 0 && rest.lineCount > 0 && !isSurvey))
-        remark(report, RemarkKind::notRead, {report.place.file, file.suspicion.line},
-               file.suspicion.text);
+        remark(report, RemarkKind::notRead, believe(file.suspicion, report), file.suspicion.text);
     else
         remarkOnRest(rest, isSurvey, report);
 }

@@ -105,6 +105,8 @@ void convertOpened(std::istream &listing, std::ofstream &stream, const std::stri
     stream.close();
     if (!stream)
         failInSystem(report, seg2Path, Window::goesOn);
+    if (headers.empty())
+        fail(report, "no trace can be read back from the listing", Window::goesOn);
     if (const std::string text = overflowOf(file); !text.empty())
         fail(report, text, Window::goesOn);
 }

@@ -170,13 +170,15 @@ Seg2Trace buildTrace(const Seg2TraceHeader &header, std::vector<float> samples)
     Seg2Trace trace;
     trace.sampleCount = header.sampleCount;
     trace.dataSize = header.sampleCount * 4;
-    trace.strings["DELAY"] = number(header.delay);
-    trace.strings["DESCALING_FACTOR"] = number(header.descalingFactor);
-    trace.strings["RECEIVER_LOCATION"] =
-        location(header.receiverX, header.receiverY, header.receiverZ);
-    trace.strings["SAMPLE_INTERVAL"] = number(header.sampleInterval);
-    trace.strings["STACK"] = std::to_string(header.stackCount);
-    trace.strings["SOURCE_LOCATION"] = location(header.sourceX, header.sourceY, header.sourceZ);
+    const auto set = [&trace](const char *key, std::string value) { // in the order of the keys
+        trace.strings.emplace_hint(trace.strings.end(), key, std::move(value));
+    };
+    set("DELAY", number(header.delay));
+    set("DESCALING_FACTOR", number(header.descalingFactor));
+    set("RECEIVER_LOCATION", location(header.receiverX, header.receiverY, header.receiverZ));
+    set("SAMPLE_INTERVAL", number(header.sampleInterval));
+    set("SOURCE_LOCATION", location(header.sourceX, header.sourceY, header.sourceZ));
+    set("STACK", std::to_string(header.stackCount));
     trace.floatSamples = std::move(samples);
     return trace;
 }

@@ -55,10 +55,10 @@ void readRecord(Record &record, Report &report)
 
 void remarkOnPositions(const Record &record, Report &report)
 {
-    remarkOnPosition(record.sourceX.value_or(0.0), report, "trace 1: ");
+    remarkOnPosition(record.sourceX.value_or(0.0), report, 1);
     std::size_t number = 0;
     for (const ListingTrace &line : record.lines)
-        remarkOnPosition(line.receiverX, report, "trace " + std::to_string(++number) + ": ");
+        remarkOnPosition(line.receiverX, report, ++number);
 }
 
 std::uint32_t availableSamples(const Record &record, std::size_t trace, std::uint32_t count)
@@ -100,9 +100,10 @@ void convertRecord(Record &record, const std::string &listingPath, const std::st
     } catch (const LostTrace &lost) {
         // The record ends there, as one that is read as a whole before it is converted. Its traces
         // have been printed.
-        fail(report,
-             "trace " + std::to_string(lost.index + 1)
-                 + " cannot be read: " + record.file.errorString().toStdString(),
+        const std::string reason = record.file.error() == QFile::NoError
+                                       ? "the file has become shorter"
+                                       : record.file.errorString().toStdString();
+        fail(report, "trace " + std::to_string(lost.index + 1) + " cannot be read: " + reason,
              Window::goesOn);
         record.lines.resize(lost.index);
         if (record.lines.empty())

@@ -201,14 +201,14 @@ TEST(BatchDolang, HeadersThatAreRefusedLeaveTheKindsBefore)
 
 TEST(BatchDolang, Remarks)
 {
-    const std::string noNumber = ": it is no plain number";
     const std::vector<std::tuple<std::string, std::string, std::string>> cases = {
         {"R01", "1\n",
          "line 1/L.R01:1: the file ends after 1 of 3 samples: the missing ones are 0"},
-        {"R01", "9\n10.5\n11\n", "line 1/L.R01:2: \"10.5\" is read as 10" + noNumber},
+        {"R01", "9\n10.5\n11\n",
+         "line 1/L.R01:2: \"10.5\" is read as 10: write a whole number in digits"},
         {"R01", "9\n10\n11\n12\n13\n", "line 1/L.R01:4: 2 lines after the last sample: not read"},
         {"RDT", "1 channel\n-\n-\n0\n3\n4000\n",
-         "line 1/L.RDT:1: \"1 channel\" is read as 1" + noNumber},
+         "line 1/L.RDT:1: \"1 channel\" is read as 1: it is no plain number"},
     };
     for (const auto &[file, text, line] : cases) {
         SCOPED_TRACE(line);

@@ -63,7 +63,7 @@ std::string with(std::size_t at, const std::string &bytes, std::string record = 
 /// A record of one trace of this many samples, all 0.
 std::string oneLongTrace(std::uint32_t samples)
 {
-    return with(114, number(samples, 2), suFile.substr(0, 240)) + std::string(4 * samples, '\0');
+    return with(114, inOrder(samples, 2), suFile.substr(0, 240)) + std::string(4 * samples, '\0');
 }
 
 /// Two traces of three samples in the other byte order.
@@ -147,7 +147,7 @@ TEST(BatchSeismicUnix, FilesThatAreNoRecords)
         {"", "the file is empty"},
         {suFile.substr(0, 250), "no whole trace: the file has 250 bytes, a trace 252"},
         {std::string(7, 'x'), "no whole trace: the file has 7 bytes, a trace 240"},
-        {with(114, number(0, 2), suFile), "the header of trace 1 says 0 samples"},
+        {with(114, inOrder(0, 2), suFile), "the header of trace 1 says 0 samples"},
         {bigEndianFile(), bigEndian},
         {bigEndianFile() + "damaged", bigEndian},
         {suSeg2, "this is a SEG2 file, no Seismic Unix file: it needs no conversion"},
@@ -173,25 +173,26 @@ TEST(BatchSeismicUnix, PositionsAndTimesThatAreLost)
                  "line.su: trace 1 and 1 more: the coordinate scalar -100 makes the positions 0; "
                  "give them in whole metres, with the scalar 1");
     expectRemark(
-        with(secondTrace + 72, number(200, 4)),
+        with(secondTrace + 72, inOrder(200, 4)),
         "line.su: trace 2: the source is at 2000, that of trace 1 at 1000, which is written "
         "for all; split the record");
-    expectRemark(with(108, number(20, 2)), "line.su: trace 1: the delay of 20 ms becomes 0");
-    expectRemark(with(40, number(7, 4)), "line.su: trace 1: the elevations become 0");
-    expectRemark(with(secondTrace + 44, number(7, 4)), "line.su: trace 2: the elevations become 0");
-    expectRemark(with(84, number(7, 4)), "line.su: trace 1: the y coordinates become 0");
+    expectRemark(with(108, inOrder(20, 2)), "line.su: trace 1: the delay of 20 ms becomes 0");
+    expectRemark(with(40, inOrder(7, 4)), "line.su: trace 1: the elevations become 0");
+    expectRemark(with(secondTrace + 44, inOrder(7, 4)),
+                 "line.su: trace 2: the elevations become 0");
+    expectRemark(with(84, inOrder(7, 4)), "line.su: trace 1: the y coordinates become 0");
 }
 
 TEST(BatchSeismicUnix, TracesThatDifferAndSamplesThatAreNone)
 {
-    expectRemark(with(secondTrace + 114, number(4, 2)),
+    expectRemark(with(secondTrace + 114, inOrder(4, 2)),
                  "line.su: trace 2: 4 samples, but trace 1 has 3, and all are read like it");
-    expectRemark(with(secondTrace + 116, number(500, 2)),
+    expectRemark(with(secondTrace + 116, inOrder(500, 2)),
                  "line.su: trace 2: an interval of 500 microseconds, but trace 1 has 250, which is "
                  "written for all");
-    expectRemark(with(116, number(0, 2), with(secondTrace + 116, number(0, 2))),
+    expectRemark(with(116, inOrder(0, 2), with(secondTrace + 116, inOrder(0, 2))),
                  "line.su: trace 1: the sample interval is 0");
-    expectRemark(with(secondTrace + 244, number(0x7f800000, 4)),
+    expectRemark(with(secondTrace + 244, inOrder(0x7f800000, 4)),
                  "line.su: trace 2: sample 2 is not a finite number");
     expectRemark(suFile + "12345", "line.su: 5 bytes after the last whole trace: not read");
 }
@@ -220,6 +221,20 @@ TEST(BatchSeismicUnix, InputsThatCannotBeRead)
     EXPECT_EQ(folder.run({"dolang", "L.ADT", "missing"}),
               (BatchRun{1, "", "L.ADT: this is a folder\nmissing.ADT: no such file\n"}));
     EXPECT_EQ(folder.names(), (Names{"L.ADT", "folder.su"}));
+    fs::create_symlink("loop", folder.path("loop"));
+    expectRefused(folder, {"su", "loop"}, "loop: " + systemText(ELOOP));
+}
+
+TEST(BatchSeismicUnix, WorkingFolderThatIsGone)
+{
+    const BatchFolder folder;
+    folder.write("line.su", suFile);
+    QProcess process;
+    process.setWorkingDirectory(QString::fromStdString(folder.path("")));
+    process.start("sh", {"-c", "mkdir gone && cd gone && rmdir ../gone && \"$0\" su a.su \"$1\"",
+                         BATCH_COMMAND, QString::fromStdString(folder.path("line.su"))});
+    EXPECT_EQ(finish(process), (BatchRun{1, "", "a.su: no such file\n"}));
+    EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
 }
 
 TEST(BatchSeismicUnix, InputThatIsItsOwnOutputIsRefused)

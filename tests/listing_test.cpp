@@ -278,6 +278,8 @@ TEST(ConvertListing, WithoutTracesOnlyTheFileStrings)
     const Converted converted = convert(heading);
     EXPECT_TRUE(converted.result);
     EXPECT_EQ(converted.report.printed, "");
+    EXPECT_EQ(converted.report.failure,
+              (Failure{{"line.su"}, "no trace can be read back from the listing"}));
     EXPECT_EQ(converted.seg2,
               bytes("55 3A 00 00 00 00 00 00 01 00 20 01 0A 20 '                  '"
                     "19 00 'TRACE_SORT AS_ACQUIRED' 00 0F 00 'UNITS METERS' 00 00 00 '  '"));

@@ -59,20 +59,32 @@ std::string reason(const std::string &field)
     return isDecimalComma ? "write a decimal point, no comma" : "it is no plain number";
 }
 
-/// Values below `exactBelow` are printed closely enough, whatever they are.
-void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkKind kind,
-                      const std::string &where, const char *noun, const char *unit, Report &report)
+/// How closely the output's six digits must hold a value; all below `exactBelow` are.
+struct Precision
 {
-    if (std::abs(value) < exactBelow || !std::isfinite(value))
+    RemarkKind kind;
+    const char *noun;
+    const char *unit;
+    double exactBelow;
+    double tolerance;
+};
+
+constexpr Precision centimetre = {RemarkKind::roundedPosition, "position", "m", 10000.0, 0.005};
+constexpr Precision microsecond = {RemarkKind::roundedTime, "time", "ms", 1000.0, 0.0005};
+
+void remarkOnRounding(double value, const Precision &wanted, std::size_t trace, Report &report)
+{
+    if (std::abs(value) < wanted.exactBelow || !std::isfinite(value))
         return;
     std::string printed;
     appendNumber(printed, value);
     const double error = std::abs(toDouble(printed) - value);
-    if (error <= tolerance * 1.000001)
+    if (error <= wanted.tolerance * 1.000001)
         return;
-    remarkWorst(report, kind, error, [&] {
-        return where + "a " + noun + " of " + shown(value) + ' ' + unit + " becomes " + printed
-               + ' ' + unit + ", as the output has six digits";
+    remarkWorst(report, wanted.kind, error, [&] {
+        return (trace != 0 ? "trace " + std::to_string(trace) + ": " : "") + "a " + wanted.noun
+               + " of " + shown(value) + ' ' + wanted.unit + " becomes " + printed + ' '
+               + wanted.unit + ", as the output has six digits";
     });
 }
 
@@ -146,10 +158,9 @@ void remarkUnlessWhole(const std::string &field, double value, Report &report)
                '"' + quotable(field) + "\" is read as " + shown(value) + ": " + reason(field));
 }
 
-void remarkOnPosition(double metres, Report &report, const std::string &where)
+void remarkOnPosition(double metres, Report &report, std::size_t trace)
 {
-    remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, where, "position", "m",
-                     report);
+    remarkOnRounding(metres, centimetre, trace, report);
 }
 
 void remarkOnTime(double seconds, Report &report)
@@ -162,8 +173,7 @@ void remarkOnTime(double seconds, Report &report)
                text
                    + " ms goes into the output like any other, also where it means \"not picked\"");
     }
-    remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "", "time", "ms",
-                     report);
+    remarkOnRounding(milliseconds, microsecond, 0, report);
 }
 
 Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,

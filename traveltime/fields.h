@@ -43,8 +43,8 @@ double readTime(const std::string &field, double perSecond, Report &report);
 
 /// On a field that is not wholly a decimal number of the value that is used for it.
 void remarkUnlessWhole(const std::string &field, double value, Report &report);
-/// `where` begins the text, for positions that are in no line: "trace 3: ".
-void remarkOnPosition(double metres, Report &report, const std::string &where = "");
+/// `trace` is named for positions that are in no line; 0 is none.
+void remarkOnPosition(double metres, Report &report, std::size_t trace = 0);
 void remarkOnTime(double seconds, Report &report);
 
 /// What follows the last shot of a file: lines that hold more than some characters without meaning.

@@ -41,7 +41,7 @@ enum class RemarkKind {
     notRead,         ///< lines or bytes after what the file announces
     noShots,         ///< one of several files
     noReceivers,     ///< a shot
-    numbering,       ///< shots that are not numbered through
+    numbering,       ///< shots that are not numbered through, or a number given twice
     layout,          ///< receivers that stand elsewhere than the output says
     negativeTime,    ///< -1 means "not picked" to pickers
     units,           ///< velocities that the ground does not have
