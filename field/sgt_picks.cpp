@@ -157,7 +157,7 @@ void remarkOnUnused(const std::vector<Measurement> &measurements, const Position
     const auto unused = static_cast<std::size_t>(std::count(isUsed.begin(), isUsed.end(), false));
     if (unused > 0)
         remark(report, RemarkKind::notRead, place,
-               counted(unused, "point") + " of no shot and no geophone: not read");
+               counted(unused, "point") + " that no measurement names: not read");
 }
 
 /// Appends "s g t" or "s g t err" of a record's picks.

@@ -7,8 +7,8 @@
 #include "traveltime/text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -273,18 +273,16 @@ bool endNumbers(const TextInput &input, Report &report)
 
 std::optional<double> wholeNumber(std::string_view field, int power)
 {
-    const std::optional<double> number = plainNumber(field);
-    if (power == 0 || !number)
-        return number;
+    if (power == 0)
+        return plainNumber(field);
     // The power goes into the number's text, so that it is rounded once.
     const std::size_t mark = std::min(field.find_first_of("eE"), field.size());
-    if (mark < field.size()) {
-        const char *const begin = field.data() + mark + (field[mark + 1] == '+' ? 2 : 1);
-        int exponent = 0;
-        std::from_chars(begin, field.data() + field.size(), exponent);
-        power += exponent;
-    }
-    return plainNumber(std::string(field.substr(0, mark)) + 'e' + std::to_string(power));
+    const std::string_view digits = field.substr(0, mark);
+    const std::optional<int> exponent =
+        mark == field.size() ? 0 : plainNumber<int>(field.substr(mark + 1));
+    if (!plainNumber(digits) || !exponent || std::abs(*exponent) > 10000)
+        return {};
+    return plainNumber(std::string(digits) + 'e' + std::to_string(*exponent + power));
 }
 
 std::string quoted(std::string_view text)

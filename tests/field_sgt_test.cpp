@@ -109,7 +109,7 @@ TEST(FieldSgt, OneMoreMeasurementOfAReceiverBeginsAnotherShot)
     const PickReading reading = read(with("4 2 0.0152\n4 3 0.0081", "1 2 0.0022\n1 3 0.0106"));
     EXPECT_EQ(described(reading.picks), "-2.5,100: 0,100.5=0.0021 5,101.5=0.0105; "
                                         "-2.5,100: 0,100.5=0.0022 5,101.5=0.0106; ");
-    EXPECT_EQ(reading.remarks, Remarks{"1: 1 point of no shot and no geophone: not read"});
+    EXPECT_EQ(reading.remarks, Remarks{"1: 1 point that no measurement names: not read"});
 }
 
 TEST(FieldSgt, WhatIsNotReadIsRemarkedOn)

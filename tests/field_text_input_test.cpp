@@ -212,6 +212,7 @@ TEST(Numbers, APowerOfTenIsRoundedOnce)
     EXPECT_EQ(wholeNumber("12.3e1", -3), 0.123);
     EXPECT_EQ(wholeNumber("12.3E+1", -3), 0.123);
     EXPECT_EQ(wholeNumber("+12", 3), 12000.0);
+    EXPECT_EQ(wholeNumber("1e+311", -3), 1e308); // a number of its own that no double holds
     for (const char *text : {"", "e3", "1e", "1e+", "1e+-3", "1e3e3", "1e5000", "inf", "1x"})
         EXPECT_EQ(wholeNumber(text, -3), std::nullopt) << text;
 }
