@@ -5,6 +5,8 @@
 
 #include "traveltime/text.h"
 
+#include <QCoreApplication>
+
 #include <iostream>
 #include <map>
 #include <utility>
@@ -65,6 +67,6 @@ int conclude(const Report &report, bool isStrict, const std::string &name)
 
 int refuseUsage(const std::string &reason)
 {
-    show("convert2velarix-batch: " + reason + "; see --help");
+    show(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help");
     return wrongUsage;
 }

@@ -23,6 +23,7 @@ if sys.argv[1:] and not QUICK:
 
 BUILD = Path("build-bench").resolve()
 OURS = BUILD / "convert2velarix-batch"
+FIELD = BUILD / "convert2velarix-field"
 PLAIN = BUILD / "bench" / "plain_convert"
 INPUTS = BUILD / ("inputs-quick" if QUICK else "inputs")
 WORK = BUILD / "compare"  # a folder for each program's outputs
@@ -185,6 +186,28 @@ def seismic_unix_rows(su):
         " and ".join(map(megabytes, peaks)), f"input {megabytes(source.stat().st_size)}")
 
 
+def field_program(path, output):
+    return Program([FIELD, "convert", path, "-o", output], WORK, [output])
+
+
+def field_rows(seisimager, su):
+    turns = Turns(field_program(INPUTS / "line.vs", "line.otte"), seisimager.program("ours"))
+    row("Field command, SeisImager to OTTE: time over the batch command's", "at most 2",
+        turns.ratio(0, 1), *(seconds(turns.median(i)) for i in (0, 1)))
+    for order in ("little", "big"):
+        record = WORK / f"{order}.su"
+        subprocess.run([FIELD, "convert", INPUTS / "line.su", "--byte-order", order, "-o", record],
+                       check=True)
+        ours = field_program(record, "line.seg2")
+        turns = Turns(ours, su.copy())
+        what = f"Field command, {order}-endian Seismic Unix to SEG2: "
+        row(what + "time over cp", "at most 2", turns.ratio(0, 1),
+            *(seconds(turns.median(i)) for i in (0, 1)))
+        row(what + "peak memory", "at most 32 MB", ours.peak() / 1e6, megabytes(ours.peak()),
+            f"input {megabytes(record.stat().st_size)}")
+        record.unlink()
+
+
 def growth_row(layouts, few, many):
     """The time in which the command starts is taken off."""
     shots = [100, 2000] if QUICK else [1000, 20000]
@@ -245,6 +268,7 @@ def main():
     speed_row("SeisImager to OTTE", "at least 3", seisimager)
     speed_row("Generic text to OTTE", "at least 3", generic)
     speed_row("Geogiga to OTTE", "at least 3", geogiga)
+    field_rows(seisimager, su)
     for layouts, (few, many) in growth.items():
         growth_row(layouts, few, many)
     for platform in ("xcb", "offscreen"):

@@ -94,28 +94,6 @@ void appendData(std::string &bytes, const Seg2Trace &trace)
     }
 }
 
-/// Appends a trace, its descriptor block and its samples, which begins at `start` in the file.
-void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start)
-{
-    const std::string strings = stringList(trace.strings, file, start + descriptorFieldsSize);
-    trace.descriptorSize = static_cast<std::uint16_t>(descriptorFieldsSize + strings.size());
-
-    const std::size_t begin = bytes.size();
-    appendLittle16(bytes, trace.blockId);
-    appendLittle16(bytes, trace.descriptorSize);
-    const std::size_t dataSizePosition = bytes.size();
-    appendLittle32(bytes, trace.dataSize); // known later
-    appendLittle32(bytes, trace.sampleCount);
-    appendLittleSamples(bytes, &trace.formatCode, 1);
-    bytes.append(trace.reserved.data(), trace.reserved.size());
-    bytes += strings;
-    appendData(bytes, trace);
-
-    // Counted from where the kept descriptor size says that the data begin.
-    trace.dataSize = static_cast<std::uint32_t>(bytes.size() - begin - trace.descriptorSize);
-    qToLittleEndian(trace.dataSize, bytes.data() + dataSizePosition);
-}
-
 std::string fileDescriptor(const Seg2File &file)
 {
     std::string bytes;
@@ -169,20 +147,6 @@ void writeTraces(Seg2File &file, std::size_t count, const TraceAt &traceAt, std:
     flush();
 }
 
-void writeDescriptor(Seg2File &file, std::ostream &stream)
-{
-    file.tracePointersSize = static_cast<std::uint16_t>(4 * file.traceCount);
-    stream << fileDescriptor(file);
-}
-
-std::ostream &writePointers(const Seg2File &file, std::ostream &stream)
-{
-    std::string pointers;
-    appendLittleSamples(pointers, file.tracePointers.data(), file.tracePointers.size());
-    stream.seekp(descriptorFieldsSize);
-    return stream << pointers;
-}
-
 } // namespace
 
 void setFileString(Seg2File &file, std::string key, std::string value, Report &report)
@@ -224,6 +188,41 @@ void addTrace(Seg2File &file, const Seg2TraceHeader &header, std::vector<float> 
     file.traces.push_back(buildTrace(header, std::move(samples)));
     file.tracePointers.push_back(0);
     ++file.traceCount;
+}
+
+void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start)
+{
+    const std::string strings = stringList(trace.strings, file, start + descriptorFieldsSize);
+    trace.descriptorSize = static_cast<std::uint16_t>(descriptorFieldsSize + strings.size());
+
+    const std::size_t begin = bytes.size();
+    appendLittle16(bytes, trace.blockId);
+    appendLittle16(bytes, trace.descriptorSize);
+    const std::size_t dataSizePosition = bytes.size();
+    appendLittle32(bytes, trace.dataSize); // known later
+    appendLittle32(bytes, trace.sampleCount);
+    appendLittleSamples(bytes, &trace.formatCode, 1);
+    bytes.append(trace.reserved.data(), trace.reserved.size());
+    bytes += strings;
+    appendData(bytes, trace);
+
+    // Counted from where the kept descriptor size says that the data begin.
+    trace.dataSize = static_cast<std::uint32_t>(bytes.size() - begin - trace.descriptorSize);
+    qToLittleEndian(trace.dataSize, bytes.data() + dataSizePosition);
+}
+
+void writeDescriptor(Seg2File &file, std::ostream &stream)
+{
+    file.tracePointersSize = static_cast<std::uint16_t>(4 * file.traceCount);
+    stream << fileDescriptor(file);
+}
+
+std::ostream &writePointers(const Seg2File &file, std::ostream &stream)
+{
+    std::string pointers;
+    appendLittleSamples(pointers, file.tracePointers.data(), file.tracePointers.size());
+    stream.seekp(descriptorFieldsSize);
+    return stream << pointers;
 }
 
 std::ostream &write(Seg2File &file, std::ostream &stream)

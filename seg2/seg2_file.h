@@ -106,6 +106,17 @@ std::ostream &write(Seg2File &file, std::ostream &stream);
 std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
                             const std::function<void()> &addNext, std::ostream &stream);
 
+// What these do, in steps, for traces that come from elsewhere.
+
+/// Writes the file's descriptor block, for file.traceCount traces, to a stream positioned at 0.
+void writeDescriptor(Seg2File &file, std::ostream &stream);
+
+/// Appends a trace, its descriptor block and its samples, which begins at `start` in the file.
+void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start);
+
+/// Writes file.tracePointers into the room that is left for them.
+std::ostream &writePointers(const Seg2File &file, std::ostream &stream);
+
 /// Says what in a file that was written is more than its fields can hold, if anything is: the
 /// number of traces or the place of one.
 std::string overflowOf(const Seg2File &file);

@@ -48,6 +48,8 @@ enum class RemarkKind {
     roundedPosition, ///< six digits do not hold it to a centimetre
     roundedTime,     ///< nor to a microsecond
     geometry,        ///< positions that become 0, a delay, elevations, several sources
+    leftOut,         ///< the output has no room for it
+    format,          ///< taken otherwise than its user or its content says
     samples,         ///< not finite, missing, or an interval that cannot be
 };
 

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#include "field/inputs.h"
+
+#include "batch/file_checks.h"
+#include "field/shot_list.h"
+
+#include <filesystem>
+
+Input openInput(const std::string &path, const Request &request, Report &report)
+{
+    if (!isReadable(path, report))
+        return {path};
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored)) {
+        fail(report, {path}, "this is no regular file, which can be read more than once");
+        return {path};
+    }
+    const FoundFormat found = findFormat(path, request.from, report);
+    return {path, found.format, found.knownBy};
+}
+
+bool holdsPicks(const Input &input)
+{
+    return input.format != nullptr && input.format->readPicks != nullptr;
+}
+
+bool readPicks(const Input &input, const PickOptions &options, PickSurvey &survey, Report &report)
+{
+    if (options.timesIn && !input.format->hasNoTimeUnit)
+        remark(report, RemarkKind::format, {input.path},
+               input.format->name + " has a unit of times: --times-in does not change it");
+    return input.format->readPicks(input.path, options, survey, report);
+}
+
+PickOptions pickOptionsOf(const Request &request, Report &report)
+{
+    PickOptions options;
+    options.timesIn = request.timesIn;
+    if (!request.shotList.empty() && isReadable(request.shotList, report))
+        readShotList(request.shotList, options.shotPositions, report);
+    return options;
+}

@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "tests/support/batch_command.h"
+
+// convert2velarix-field is run as convert2velarix-batch is.
+
+using FieldRun = BatchRun;
+using FieldFolder = BatchFolder;
