@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "batch/clear_vector_registers.h"
-#include "batch/file_checks.h"
-#include "batch/messages.h"
 #include "batch/request.h"
 #include "batch/seismic_command.h"
 #include "batch/traveltime_command.h"
+#include "console/file_checks.h"
+#include "console/messages.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -3,9 +3,9 @@
 
 #include "batch/seismic_command.h"
 
-#include "batch/file_checks.h"
-#include "batch/messages.h"
-#include "batch/whole_file.h"
+#include "console/file_checks.h"
+#include "console/messages.h"
+#include "console/whole_file.h"
 #include "seg2/dolang_conversion.h"
 #include "seg2/su_conversion.h"
 

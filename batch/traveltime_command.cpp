@@ -3,9 +3,9 @@
 
 #include "batch/traveltime_command.h"
 
-#include "batch/file_checks.h"
-#include "batch/messages.h"
-#include "batch/whole_file.h"
+#include "console/file_checks.h"
+#include "console/messages.h"
+#include "console/whole_file.h"
 #include "readers/geogiga.h"
 #include "readers/winsism.h"
 #include "traveltime/drivers.h"

@@ -3,7 +3,7 @@
 
 #include "field/check_command.h"
 
-#include "batch/messages.h"
+#include "console/messages.h"
 #include "field/info_json.h"
 #include "field/inputs.h"
 #include "field/json.h"

@@ -3,9 +3,9 @@
 
 #include "field/convert_command.h"
 
-#include "batch/file_checks.h"
-#include "batch/messages.h"
-#include "batch/whole_file.h"
+#include "console/file_checks.h"
+#include "console/messages.h"
+#include "console/whole_file.h"
 #include "field/inputs.h"
 #include "field/progress_bar.h"
 #include "field/record_conversion.h"

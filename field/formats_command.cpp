@@ -3,7 +3,7 @@
 
 #include "field/formats_command.h"
 
-#include "batch/messages.h"
+#include "console/messages.h"
 #include "field/json.h"
 
 #include <iostream>

@@ -3,7 +3,7 @@
 
 #include "field/info_command.h"
 
-#include "batch/messages.h"
+#include "console/messages.h"
 #include "field/info_json.h"
 #include "field/info_text.h"
 #include "field/inputs.h"

@@ -3,7 +3,7 @@
 
 #include "field/inputs.h"
 
-#include "batch/file_checks.h"
+#include "console/file_checks.h"
 #include "field/shot_list.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "batch/messages.h"
+#include "console/messages.h"
 #include "field/check_command.h"
 #include "field/convert_command.h"
 #include "field/formats_command.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "batch/messages.h"
+#include "console/messages.h"
 
 #include "traveltime/text.h"
 

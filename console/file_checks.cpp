@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "batch/file_checks.h"
+#include "console/file_checks.h"
 
 #include "traveltime/text.h"
 

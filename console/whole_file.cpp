@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "batch/whole_file.h"
+#include "console/whole_file.h"
 
-#include "batch/file_checks.h"
+#include "console/file_checks.h"
 
 #include <QCoreApplication>
 
