@@ -61,7 +61,7 @@ void addNote(std::string_view line, std::string &notes)
     if (line.ends_with('"'))
         line.remove_suffix(1);
     if (!line.empty())
-        notes += (notes.empty() ? "" : "\n") + std::string(line);
+        notes.append(notes.empty() ? "" : "\n").append(line);
 }
 
 bool nextValue(TextInput &input, const char *name, Report &report)

@@ -38,8 +38,12 @@ std::optional<Number> plainNumber(std::string_view text)
 /// "1,234,567": for messages.
 inline std::string grouped(std::size_t count)
 {
-    std::string text = std::to_string(count);
-    for (std::size_t i = text.size(); i > 3; i -= 3)
-        text.insert(i - 3, ",");
+    const std::string digits = std::to_string(count);
+    std::string text;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        if (i > 0 && (digits.size() - i) % 3 == 0)
+            text += ',';
+        text += digits[i];
+    }
     return text;
 }

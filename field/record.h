@@ -59,8 +59,8 @@ struct RecordFile
     std::map<std::string, std::string> strings = {}; ///< a SEG2 file's other strings, a Dolang text
 };
 
-/// Takes the traces of a record one at a time; false ends the reading.
-using TakeTrace = std::function<bool(const RecordFile &file, const RecordTrace &trace)>;
+/// Takes the traces of a record one at a time, and may change them; false ends the reading.
+using TakeTrace = std::function<bool(const RecordFile &file, RecordTrace &trace)>;
 
 // A reader of records gives each trace of a file to `take` and returns whether the report has no
 // failure; memory does not grow with the record.

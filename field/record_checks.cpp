@@ -16,11 +16,20 @@ namespace {
 
 constexpr std::size_t mostFindings = 10; // of a kind that each trace may have
 
+Finding findingOf(const char *kind, std::size_t trace, const std::string &text)
+{
+    Finding finding;
+    finding.kind = kind;
+    finding.trace = trace;
+    finding.text = text;
+    return finding;
+}
+
 /// Finds something in the trace that was counted last.
 void find(RecordChecks &checks, std::size_t &count, const char *kind, const std::string &text)
 {
     if (++count <= mostFindings)
-        checks.findings.push_back({kind, {}, checks.traceCount, text});
+        checks.findings.push_back(findingOf(kind, checks.traceCount, text));
 }
 
 /// The least difference of neighbours that are not equal.
@@ -145,14 +154,14 @@ void addFinding(std::vector<Finding> &findings, const char *kind, const TraceTal
         return;
     const std::string others =
         tally.traceCount == 1 ? "" : " (and " + std::to_string(tally.traceCount - 1) + " more)";
-    findings.push_back({kind, {}, tally.firstTrace, tally.text + others});
+    findings.push_back(findingOf(kind, tally.firstTrace, tally.text + others));
 }
 
 void addRest(std::vector<Finding> &findings, const char *kind, std::size_t count)
 {
     if (count > mostFindings)
         findings.push_back(
-            {kind, {}, 0, "the same in " + counted(count - mostFindings, "more trace")});
+            findingOf(kind, 0, "the same in " + counted(count - mostFindings, "more trace")));
 }
 
 /// What the record lacks to place its traces.
@@ -196,7 +205,7 @@ std::vector<Finding> finishChecks(const RecordChecks &checks, const std::string 
     addFinding(findings, "sampleInterval", checks.intervals);
     addFinding(findings, "noInterval", checks.noInterval);
     if (const std::string missing = missingGeometry(checks); !missing.empty())
-        findings.push_back({"noGeometry", {}, 0, missing});
+        findings.push_back(findingOf("noGeometry", 0, missing));
     else
         addFinding(findings, "noGeometry", checks.noLocation);
     addFinding(findings, "angles", checks.angles);

@@ -120,18 +120,15 @@ bool convertRecord(ReadRecord *read, const std::string &path, const RecordTarget
     if (report.failure)
         return false;
     RecordRemarks remarks;
-    const auto put = [&](const RecordFile &file, const RecordTrace &trace) {
+    const auto put = [&](const RecordFile &file, RecordTrace &trace) {
         if (progress)
             progress(file.fractionRead);
         takeTrace(remarks, trace);
-        if (!target.isInMillivolts) {
-            if (target.format == RecordFormat::seismicUnix)
-                takeLosses(remarks, file, trace);
-            return writer.put(file, trace);
-        }
-        RecordTrace inMillivolts = trace;
-        return toMillivolts(inMillivolts, remarks.traceCount, report)
-               && writer.put(file, inMillivolts);
+        if (target.isInMillivolts && !toMillivolts(trace, remarks.traceCount, report))
+            return false;
+        if (target.format == RecordFormat::seismicUnix)
+            takeLosses(remarks, file, trace);
+        return writer.put(file, trace);
     };
     read(path, put, report);
     remarkOnRecord(remarks, report);

@@ -6,11 +6,33 @@
 #include "traveltime/text.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <system_error>
 
 #include <QString>
+#ifndef _WIN32
+#include <unistd.h>
+#endif
 
 namespace {
+
+/// Reads bytes into `to`; returns how many, 0 at the file's end and when it cannot be read.
+std::size_t readAt(RecordInput &input, std::uint64_t position, char *to, std::size_t count)
+{
+#ifdef _WIN32
+    input.file.seek(static_cast<qint64>(position));
+    const qint64 read = input.file.read(to, static_cast<qint64>(count));
+    if (read < 0)
+        input.error = input.file.errorString().toStdString();
+#else
+    // One call of the system instead of two: the headers of a record are many.
+    const ssize_t read = pread(input.file.handle(), to, count, static_cast<off_t>(position));
+    if (read < 0)
+        input.error = std::generic_category().message(errno);
+#endif
+    return read > 0 ? static_cast<std::size_t>(read) : 0;
+}
 
 /// Has the input hold `count` bytes from `position` on, or as many as can be read.
 void hold(RecordInput &input, std::uint64_t position, std::size_t count)
@@ -22,12 +44,9 @@ void hold(RecordInput &input, std::uint64_t position, std::size_t count)
         input.buffer.resize(count);
     char *const bytes = input.buffer.data();
     std::memmove(bytes, bytes + (input.heldSize - end), end);
-    if (input.file.seek(static_cast<qint64>(position + end))) {
-        qint64 read = 0;
-        while (end < count
-               && (read = input.file.read(bytes + end, static_cast<qint64>(count - end))) > 0)
-            end += static_cast<std::size_t>(read);
-    }
+    std::size_t read = 0;
+    while (end < count && (read = readAt(input, position + end, bytes + end, count - end)) > 0)
+        end += read;
     input.heldAt = position;
     input.heldSize = end;
 }
@@ -59,7 +78,7 @@ bool openRecord(RecordInput &input, const std::string &path, Report &report)
 
 std::string_view bytesAt(RecordInput &input, std::uint64_t position, std::size_t count)
 {
-    return takeBytes(input, position, count, std::size_t{1} << 20);
+    return takeBytes(input, position, count, std::size_t{1} << 18);
 }
 
 std::string_view fewBytesAt(RecordInput &input, std::uint64_t position, std::size_t count)

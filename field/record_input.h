@@ -12,8 +12,8 @@
 
 #include <QFile>
 
-/// A file of which any part can be read. Parts that follow one another are read a megabyte or more
-/// at a time.
+/// A file of which any part can be read. Parts that follow one another are read in larger
+/// pieces.
 struct RecordInput
 {
     QFile file = {};
@@ -21,6 +21,7 @@ struct RecordInput
     std::string buffer = {};  ///< begins with the part of the file that is held
     std::size_t heldSize = 0; ///< the part's
     std::uint64_t heldAt = 0; ///< where it begins in the file
+    std::string error = {};   ///< why the system refused to read; empty if it did not
 };
 
 /// Opens a file, which becomes report.place; false, and a failure, when that cannot be done or it

@@ -18,7 +18,8 @@ constexpr std::array<std::string_view, 12> months = {"Jan", "Feb", "Mar", "Apr",
 
 std::string twoDigits(int number)
 {
-    return (number < 10 ? "0" : "") + std::to_string(number);
+    const std::string digits = std::to_string(number);
+    return number < 10 ? '0' + digits : digits;
 }
 
 std::string text(const std::chrono::year_month_day &date)

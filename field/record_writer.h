@@ -11,8 +11,9 @@
 /// has no failure.
 struct RecordWriter
 {
-    /// Takes the next trace. What a trace has no room for in the target is a failure.
-    std::function<bool(const RecordFile &file, const RecordTrace &trace)> put;
+    /// Takes the next trace, whose samples may become others. What the target has no room for is a
+    /// failure.
+    TakeTrace put;
     /// Ends the file after the last trace, and remarks on what it says less exactly than the
     /// traces.
     std::function<bool()> finish;

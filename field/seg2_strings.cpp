@@ -49,10 +49,10 @@ void addString(std::string_view text, const Seg2Ends &ends, Seg2Strings &strings
     std::string value(rest.substr(std::min(rest.find_first_not_of(" \t"), rest.size())));
     if (!ends.line.empty() && ends.line != "\n")
         for (std::size_t at = 0; (at = value.find(ends.line, at)) != std::string::npos; ++at)
-            value.replace(at, ends.line.size(), "\n");
+            value.replace(at, ends.line.size(), 1, '\n');
     const auto [before, isNew] = strings.try_emplace(std::string(text.substr(0, keyEnd)), value);
     if (!isNew && before->second != value)
-        before->second += '\n' + value;
+        before->second.append("\n").append(value);
 }
 
 /// Moves a string's value out of the others; none when there is no such string or no value.

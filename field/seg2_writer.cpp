@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "field/numbers.h"
+#include "field/record_output.h"
 #include "field/record_time.h"
 #include "field/samples.h"
 #include "field/seg2.h"
@@ -9,9 +10,10 @@
 #include "seg2/seg2_file.h"
 
 #include <cstdint>
-#include <fstream>
 #include <limits>
 #include <memory>
+#include <sstream>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -19,49 +21,37 @@ namespace {
 
 constexpr std::size_t mostTraces = 16383; // pointers to more take more bytes than 16 bits count
 
-/// Writes what is collected when it is a megabyte or more: a small write begins inside a page of
-/// the disk's cache, which the system then fills with zeros first.
-struct Seg2Output
+struct Seg2Writing
 {
-    std::string path = {};
-    std::ofstream stream = {};
-    std::string bytes = {};
-    std::uint64_t written = 0;
+    RecordOutput output = {};
     Seg2File file = {};
     Seg2Trace trace = {};
     Seg2Common common = {};
 };
 
-bool flush(Seg2Output &output, Report &report)
-{
-    output.stream.write(output.bytes.data(), static_cast<std::streamsize>(output.bytes.size()));
-    output.written += output.bytes.size();
-    output.bytes.clear();
-    return output.stream.flush() || failInSystem(report, output.path);
-}
-
-void setSamples(Seg2Trace &trace, const std::vector<std::int16_t> &samples)
+/// Swaps the buffers, so that no samples are copied.
+void takeSamples(Seg2Trace &trace, std::vector<std::int16_t> &samples)
 {
     trace.formatCode = 1;
-    trace.int16Samples = samples;
+    trace.int16Samples.swap(samples);
 }
 
-void setSamples(Seg2Trace &trace, const std::vector<std::int32_t> &samples)
+void takeSamples(Seg2Trace &trace, std::vector<std::int32_t> &samples)
 {
     trace.formatCode = 2;
-    trace.int32Samples = samples;
+    trace.int32Samples.swap(samples);
 }
 
-void setSamples(Seg2Trace &trace, const std::vector<float> &samples)
+void takeSamples(Seg2Trace &trace, std::vector<float> &samples)
 {
     trace.formatCode = 4;
-    trace.floatSamples = samples;
+    trace.floatSamples.swap(samples);
 }
 
-void setSamples(Seg2Trace &trace, const std::vector<double> &samples)
+void takeSamples(Seg2Trace &trace, std::vector<double> &samples)
 {
     trace.formatCode = 5;
-    trace.doubleSamples = samples;
+    trace.doubleSamples.swap(samples);
 }
 
 /// Puts a string for all traces, unless the file has one that was not understood.
@@ -72,29 +62,40 @@ void putCommon(Seg2Strings &strings, const std::string &key, const std::string &
         common = value;
 }
 
-/// Writes what comes before the traces. Date and time are those of the first.
-bool begin(Seg2Output &output, const RecordFile &file, const RecordTrace &first, Report &report)
+/// The bytes that a string takes, its length and its end included.
+std::size_t sizeOf(const std::pair<const std::string, std::string> &string)
 {
-    if (file.traceCount > mostTraces)
-        return fail(report, "SEG2 has no room for " + grouped(file.traceCount)
-                                + " traces: 16,383 would fit, and Seismic Unix has room for all");
-    Seg2File &seg2 = output.file;
-    seg2.revision = 1;
-    seg2.traceCount = static_cast<std::uint16_t>(file.traceCount);
-    seg2.stringTerminator = {'\0', '\0'};
-    seg2.lineTerminator = {'\n', '\0'};
-    seg2.reserved.fill('\0');
-    seg2.strings = file.strings;
-    seg2.strings.try_emplace("TRACE_SORT", "AS_ACQUIRED");
-    seg2.strings.try_emplace("UNITS", "METERS");
-    putCommon(seg2.strings, "ACQUISITION_DATE", seg2Date(first.date), output.common.date,
-              first.date);
-    putCommon(seg2.strings, "ACQUISITION_TIME", first.time, output.common.time, first.time);
-    output.trace.reserved.fill('\0');
+    return 2 + string.first.size() + 1 + string.second.size() + 1;
+}
 
-    writeDescriptor(seg2, output.stream);
-    output.written = static_cast<std::uint64_t>(std::streamoff(output.stream.tellp()));
-    return output.stream.good() || failInSystem(report, output.path);
+/// Writes what comes before the traces. Date and time are those of the first.
+bool begin(Seg2Writing &writing, const RecordFile &record, const RecordTrace &first, Report &report)
+{
+    if (record.traceCount > mostTraces)
+        return fail(report, "SEG2 has no room for " + grouped(record.traceCount)
+                                + " traces: 16,383 would fit, and Seismic Unix has room for all");
+    for (const auto &string : record.strings)
+        if (sizeOf(string) > std::numeric_limits<std::uint16_t>::max())
+            return fail(report, "SEG2 has no room for the string " + string.first + " of "
+                                    + grouped(sizeOf(string)) + " bytes: 65,535 would fit");
+    Seg2File &file = writing.file;
+    file.revision = 1;
+    file.traceCount = static_cast<std::uint16_t>(record.traceCount);
+    file.stringTerminator = {'\0', '\0'};
+    file.lineTerminator = {'\n', '\0'};
+    file.reserved.fill('\0');
+    file.strings = record.strings;
+    file.strings.try_emplace("TRACE_SORT", "AS_ACQUIRED");
+    file.strings.try_emplace("UNITS", "METERS");
+    putCommon(file.strings, "ACQUISITION_DATE", seg2Date(first.date), writing.common.date,
+              first.date);
+    putCommon(file.strings, "ACQUISITION_TIME", first.time, writing.common.time, first.time);
+    writing.trace.reserved.fill('\0');
+
+    std::ostringstream descriptor;
+    writeDescriptor(file, descriptor);
+    writing.output.bytes = descriptor.str();
+    return true;
 }
 
 /// What SEG2 has no room for in a trace that begins at `start`, and what would fit; empty when
@@ -103,8 +104,8 @@ std::string refusalOf(const RecordTrace &trace, const Seg2Strings &strings, std:
 {
     constexpr std::size_t mostBytes = 65498; // with the fields before them and an end of 5 bytes
     std::size_t size = 0;
-    for (const auto &[key, value] : strings)
-        size += 2 + key.size() + 1 + value.size() + 1;
+    for (const auto &string : strings)
+        size += sizeOf(string);
     if (size > mostBytes)
         return "strings of " + grouped(size) + " bytes: 65,498 would fit";
     if (trace.hasAngles)
@@ -114,44 +115,42 @@ std::string refusalOf(const RecordTrace &trace, const Seg2Strings &strings, std:
     return "";
 }
 
-bool put(Seg2Output &output, const RecordFile &file, const RecordTrace &trace, Report &report)
+bool put(Seg2Writing &writing, const RecordFile &record, RecordTrace &trace, Report &report)
 {
-    std::vector<std::uint32_t> &pointers = output.file.tracePointers;
-    if (pointers.empty() && !begin(output, file, trace, report))
+    std::vector<std::uint32_t> &pointers = writing.file.tracePointers;
+    if (pointers.empty() && !begin(writing, record, trace, report))
         return false;
-    const std::uint64_t start = output.written + output.bytes.size();
-    output.trace.strings = stringsOf(trace, output.common);
-    const std::string refusal = refusalOf(trace, output.trace.strings, start);
+    RecordOutput &output = writing.output;
+    const std::uint64_t start = output.start + output.bytes.size();
+    writing.trace.strings = stringsOf(trace, writing.common);
+    const std::string refusal = refusalOf(trace, writing.trace.strings, start);
     if (!refusal.empty())
         return fail(report, "trace " + std::to_string(pointers.size() + 1)
                                 + ": SEG2 has no room for " + refusal);
-    output.trace.sampleCount = static_cast<std::uint32_t>(sampleCountOf(trace.samples));
-    std::visit([&](const auto &samples) { setSamples(output.trace, samples); }, trace.samples);
-    appendTrace(output.bytes, output.trace, output.file, start);
+    writing.trace.sampleCount = static_cast<std::uint32_t>(sampleCountOf(trace.samples));
+    std::visit([&](auto &samples) { takeSamples(writing.trace, samples); }, trace.samples);
+    appendTrace(output.bytes, writing.trace, writing.file, start);
     pointers.push_back(static_cast<std::uint32_t>(start));
-    return output.bytes.size() < std::size_t{1} << 20 || flush(output, report);
+    return writeLargePiece(output, report);
 }
 
-bool finish(Seg2Output &output, Report &report)
+bool finish(Seg2Writing &writing, Report &report)
 {
-    if (flush(output, report) && !writePointers(output.file, output.stream).flush())
-        failInSystem(report, output.path);
-    return !report.failure;
+    RecordOutput &output = writing.output;
+    if (!writeRest(output, report))
+        return false;
+    return writePointers(writing.file, output.stream).flush() || failInSystem(report, output.path);
 }
 
 } // namespace
 
 RecordWriter seg2Writer(const std::string &path, Report &report)
 {
-    const auto output = std::make_shared<Seg2Output>();
-    output->path = path;
-    output->stream.open(path, std::ios::binary);
-    if (!output->stream)
-        failInSystem(report, path);
-    else if (!output->stream.seekp(0))
+    const auto writing = std::make_shared<Seg2Writing>();
+    if (createOutput(writing->output, path, report) && !writing->output.stream.seekp(0))
         fail(report, {path}, "SEG2 cannot be written to a pipe: what comes first is known last");
-    return {[output, &report](const RecordFile &file, const RecordTrace &trace) {
-                return put(*output, file, trace, report);
+    return {[writing, &report](const RecordFile &record, RecordTrace &trace) {
+                return put(*writing, record, trace, report);
             },
-            [output, &report] { return finish(*output, report); }};
+            [writing, &report] { return finish(*writing, report); }};
 }

@@ -12,6 +12,9 @@
 #include <type_traits>
 #include <utility>
 #include <variant>
+#include <vector>
+
+#include <QtEndian>
 
 namespace {
 
@@ -23,6 +26,7 @@ struct SuField
     std::string name;
     SuNumber type;
     std::size_t offset;
+    std::size_t size; ///< 2 or 4 bytes
 };
 
 /// The fields without a gap, in the order of the header.
@@ -51,8 +55,9 @@ const std::vector<SuField> &suFields()
         for (const auto &[type, names] : runs) {
             std::istringstream words(names);
             for (std::string name; words >> name;) {
-                fields.push_back({name, type, offset});
-                offset += std::visit([](auto zero) { return sizeof zero; }, type);
+                const std::size_t size = std::visit([](auto zero) { return sizeof zero; }, type);
+                fields.push_back({name, type, offset, size});
+                offset += size;
             }
         }
         return fields;
@@ -61,9 +66,13 @@ const std::vector<SuField> &suFields()
     return fields;
 }
 
-std::size_t sizeOf(const SuField &field)
+bool isEqual(const SuHeaderBytes &a, const SuHeaderBytes &b, const SuField &field)
 {
-    return std::visit([](auto zero) { return sizeof zero; }, field.type);
+    const auto haveEqual = [&](auto zero) {
+        return numberAt<decltype(zero)>(a, field.offset)
+               == numberAt<decltype(zero)>(b, field.offset);
+    };
+    return field.size == 2 ? haveEqual(std::uint16_t{}) : haveEqual(std::uint32_t{});
 }
 
 std::string valueOf(const SuHeaderBytes &header, const SuField &field)
@@ -95,10 +104,14 @@ ByteOrder machineByteOrder()
 
 void swapFields(SuHeaderBytes &header)
 {
-    for (const SuField &field : suFields()) {
-        char *const bytes = header.data() + field.offset;
-        std::reverse(bytes, bytes + sizeOf(field));
-    }
+    const auto swap = [&header](auto zero, std::size_t offset) {
+        putNumber(header, offset, qbswap(numberAt<decltype(zero)>(header, offset)));
+    };
+    for (const SuField &field : suFields())
+        if (field.size == 2)
+            swap(quint16{}, field.offset);
+        else
+            swap(quint32{}, field.offset);
 }
 
 int bitsTaken(const SuHeaderBytes &header)
@@ -118,17 +131,14 @@ int bitsTaken(const SuHeaderBytes &header)
     return bits;
 }
 
-std::string fieldsAsText(const SuHeaderBytes &header, const SuHeaderBytes &expected,
-                         const std::vector<std::size_t> &passedOver)
+std::string fieldsAsText(const SuHeaderBytes &header, const SuHeaderBytes &expected)
 {
     std::string text;
-    for (const SuField &field : suFields()) {
-        const char *const bytes = header.data() + field.offset;
-        const bool isExpected =
-            std::equal(bytes, bytes + sizeOf(field), expected.data() + field.offset);
-        if (!isExpected && std::ranges::find(passedOver, field.offset) == passedOver.end())
+    if (header == expected)
+        return text;
+    for (const SuField &field : suFields())
+        if (!isEqual(header, expected, field))
             text += (text.empty() ? "" : " ") + field.name + ' ' + valueOf(header, field);
-    }
     return text;
 }
 

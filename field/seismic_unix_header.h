@@ -10,7 +10,6 @@
 #include <cstring>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// A Seismic Unix trace header, its numbers in this machine's byte order.
 using SuHeaderBytes = std::array<char, 240>;
@@ -66,9 +65,8 @@ void swapFields(SuHeaderBytes &header);
 int bitsTaken(const SuHeaderBytes &header);
 
 /// The fields that `header` and `expected` have not in common, with the values of `header`:
-/// "tracl 7 cdp 3". Fields that begin at one of `passedOver` are left out.
-std::string fieldsAsText(const SuHeaderBytes &header, const SuHeaderBytes &expected,
-                         const std::vector<std::size_t> &passedOver);
+/// "tracl 7 cdp 3".
+std::string fieldsAsText(const SuHeaderBytes &header, const SuHeaderBytes &expected);
 
 /// Puts fields that fieldsAsText gave; false, with nothing put, when the text is another.
 bool putFields(SuHeaderBytes &header, std::string_view text);

@@ -6,7 +6,7 @@
 #include "field/numbers.h"
 #include "traveltime/text.h"
 
-#include <algorithm>
+#include <cstring>
 #include <tuple>
 
 #include <QtEndian>
@@ -46,58 +46,52 @@ std::uint64_t repeatAt(RecordInput &input, ByteOrder byteOrder)
     return repeats ? second : 0;
 }
 
-/// Goes from header to header, as far as there are samples and whole traces.
-SuLayout layoutIn(RecordInput &input, ByteOrder byteOrder)
+/// Whether the traces fill the file in this byte order; otherwise whether there are any. What
+/// counts last is that the numbers of the first header are small.
+auto fitOf(RecordInput &input, ByteOrder byteOrder)
 {
-    SuLayout layout;
-    layout.byteOrder = byteOrder;
-    while (const std::uint16_t sampleCount = sampleCountAt(input, layout.end, byteOrder)) {
-        if (layout.end + traceSize(sampleCount) > input.size)
-            break;
-        layout.end += traceSize(sampleCount);
-        ++layout.traceCount;
-    }
-    return layout;
-}
-
-SuLayout moreLikely(RecordInput &input)
-{
-    SuLayout little = layoutIn(input, ByteOrder::littleEndian);
-    SuLayout big = layoutIn(input, ByteOrder::bigEndian);
-    // Where both fill the file, or neither does, the order in which the header's numbers are small.
-    const auto fit = [&input](const SuLayout &layout) {
-        const auto header = headerAt(input, 0, layout.byteOrder);
-        return std::tuple(layout.end == input.size, layout.traceCount > 0,
-                          header ? -bitsTaken(*header) : 0);
-    };
-    return fit(little) >= fit(big) ? little : big;
+    const SuTraces traces = countTraces(input, byteOrder);
+    const auto header = headerAt(input, 0, byteOrder);
+    return std::tuple(traces.end == input.size, traces.count > 0, header ? -bitsTaken(*header) : 0);
 }
 
 } // namespace
 
-std::optional<SuLayout> findSuLayout(RecordInput &input)
+std::optional<SuOrder> findSuOrder(RecordInput &input)
 {
     if (sampleCountAt(input, 0, ByteOrder::littleEndian) == 0)
         return std::nullopt; // then it is 0 in the other order too
     const std::uint64_t littleRepeat = repeatAt(input, ByteOrder::littleEndian);
     const std::uint64_t bigRepeat = repeatAt(input, ByteOrder::bigEndian);
-    SuLayout layout;
-    if ((littleRepeat > 0) == (bigRepeat > 0))
-        layout = moreLikely(input);
-    else
-        layout = layoutIn(input, littleRepeat > 0 ? ByteOrder::littleEndian : ByteOrder::bigEndian);
+    const bool isLittle =
+        (littleRepeat > 0) != (bigRepeat > 0)
+            ? littleRepeat > 0
+            : fitOf(input, ByteOrder::littleEndian) >= fitOf(input, ByteOrder::bigEndian);
+    SuOrder order = {isLittle ? ByteOrder::littleEndian : ByteOrder::bigEndian};
+    const std::uint64_t repeat = isLittle ? littleRepeat : bigRepeat;
+    if (repeat > 0) {
+        order.isCertain = true;
+        order.knownBy = "the header that repeats at byte " + grouped(repeat);
+    } else {
+        const SuTraces traces = countTraces(input, order.byteOrder);
+        order.isCertain = traces.end == input.size;
+        order.knownBy = order.isCertain ? "its size, that of " + counted(traces.count, "trace")
+                                        : "its first header";
+    }
+    order.knownBy += std::string(", ") + nameOf(order.byteOrder);
+    return order;
+}
 
-    const std::uint64_t repeat =
-        layout.byteOrder == ByteOrder::littleEndian ? littleRepeat : bigRepeat;
-    layout.isCertain = repeat > 0 || layout.end == input.size;
-    if (repeat > 0)
-        layout.knownBy = "the header that repeats at byte " + grouped(repeat);
-    else if (layout.isCertain)
-        layout.knownBy = "its size, that of " + counted(layout.traceCount, "trace");
-    else
-        layout.knownBy = "its first header";
-    layout.knownBy += std::string(", ") + nameOf(layout.byteOrder);
-    return layout;
+SuTraces countTraces(RecordInput &input, ByteOrder byteOrder)
+{
+    SuTraces traces;
+    while (const std::uint16_t sampleCount = sampleCountAt(input, traces.end, byteOrder)) {
+        if (traces.end + traceSize(sampleCount) > input.size)
+            break;
+        traces.end += traceSize(sampleCount);
+        ++traces.count;
+    }
+    return traces;
 }
 
 std::optional<SuHeaderBytes> headerAt(RecordInput &input, std::uint64_t position,
@@ -107,7 +101,7 @@ std::optional<SuHeaderBytes> headerAt(RecordInput &input, std::uint64_t position
     if (bytes.size() < headerSize)
         return std::nullopt;
     SuHeaderBytes header;
-    std::ranges::copy(bytes, header.begin());
+    std::memcpy(header.data(), bytes.data(), headerSize);
     if (byteOrder != machineByteOrder())
         swapFields(header);
     return header;

@@ -251,6 +251,24 @@ SuHeaderBytes plainHeader(const RecordTrace &trace, std::size_t number)
 
 constexpr std::int16_t deadKind = 2;
 
+/// What makeHeader() makes of a trace that `header` was read for; what the trace says but need not
+/// say in the same numbers is as in `header`.
+SuHeaderBytes expectedHeader(const RecordTrace &trace, std::size_t number,
+                             const SuHeaderBytes &header)
+{
+    SuHeaderBytes expected;
+    SuRoundings roundings;
+    makeHeader(trace, number, expected, roundings);
+    for (const std::size_t offset : {su::receiverElevation, su::sourceElevation, su::sourceX,
+                                     su::sourceY, su::receiverX, su::receiverY})
+        putNumber(expected, offset, numberAt<std::int32_t>(header, offset));
+    for (const std::size_t offset : {su::sampleCount, su::sampleInterval})
+        putNumber(expected, offset, numberAt<std::uint16_t>(header, offset));
+    if (!trace.date.empty())
+        putNumber(expected, su::year, numberAt<std::int16_t>(header, su::year));
+    return expected;
+}
+
 } // namespace
 
 RecordTrace traceOf(const SuHeaderBytes &header, std::size_t number, SuReadings &readings)
@@ -278,16 +296,8 @@ RecordTrace traceOf(const SuHeaderBytes &header, std::size_t number, SuReadings 
     trace.isDead = numberAt<std::int16_t>(header, su::traceKind) == deadKind;
     readTime(header, number, trace, readings);
 
-    SuHeaderBytes expected;
-    SuRoundings roundings;
-    makeHeader(trace, number, expected, roundings);
-    std::vector<std::size_t> said = {
-        su::receiverElevation, su::sourceElevation, su::sourceX,     su::sourceY,
-        su::receiverX,         su::receiverY,       su::sampleCount, su::sampleInterval,
-    };
-    if (!trace.date.empty())
-        said.push_back(su::year);
-    if (std::string fields = fieldsAsText(header, expected, said); !fields.empty())
+    if (std::string fields = fieldsAsText(header, expectedHeader(trace, number, header));
+        !fields.empty())
         trace.strings[headerKey] = std::move(fields);
     return trace;
 }

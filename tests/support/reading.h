@@ -95,6 +95,8 @@ inline std::string nameOf(RemarkKind kind)
         return "geometry";
     case RemarkKind::samples:
         return "samples";
+    case RemarkKind::leftOut:
+        return "left out";
     }
     return "a kind without a name";
 }
