@@ -134,14 +134,12 @@ void findUnits(const PickSurvey &picks, std::vector<Finding> &findings)
         std::nth_element(all.begin(), middle, all.end());
         if (all.empty() || (*middle >= 30.0 && *middle <= 30000.0))
             continue;
-        findings.push_back({"units",
-                            {picks.files[file]},
-                            0,
-                            "the median of offset over time is "
-                                + std::to_string(std::llround(*middle))
-                                + " m/s, which no ground has: are the times in "
-                                + (*middle < 30.0 ? "milliseconds" : "seconds")
-                                + ", or the positions in another unit?"});
+        std::string text = "the median of offset over time is ";
+        text +=
+            std::to_string(std::llround(*middle)) + " m/s, which no ground has: are the times in ";
+        text += *middle < 30.0 ? "milliseconds" : "seconds";
+        text += ", or the positions in another unit?";
+        findings.push_back({"units", {picks.files[file]}, 0, std::move(text)});
     }
 }
 

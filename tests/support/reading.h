@@ -97,6 +97,8 @@ inline std::string nameOf(RemarkKind kind)
         return "samples";
     case RemarkKind::leftOut:
         return "left out";
+    case RemarkKind::format:
+        return "format";
     }
     return "a kind without a name";
 }
