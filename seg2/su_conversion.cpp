@@ -85,6 +85,20 @@ std::vector<float> readSamples(Record &record, std::size_t trace, std::uint32_t 
     return samples;
 }
 
+/// Ends the record before a trace that cannot be read, as if all had been read before it was
+/// converted.
+void endBefore(std::size_t trace, Record &record, Report &report)
+{
+    const std::string reason = record.file.error() == QFile::NoError
+                                   ? "the file has become shorter"
+                                   : record.file.errorString().toStdString();
+    fail(report, "trace " + std::to_string(trace + 1) + " cannot be read: " + reason,
+         Window::goesOn);
+    record.lines.resize(trace);
+    if (record.lines.empty())
+        record.sourceX.reset();
+}
+
 void convertRecord(Record &record, const std::string &listingPath, const std::string &seg2Path,
                    std::ostream *progress, Report &report)
 {
@@ -94,21 +108,15 @@ void convertRecord(Record &record, const std::string &listingPath, const std::st
                                    [&record](std::size_t trace, std::uint32_t count) {
                                        return readSamples(record, trace, count);
                                    }};
-    try {
-        if (writeListing(listingPath, record.lines, report))
-            convertListing(listingPath, seg2Path, record.sourceX, samples, progress, report);
-    } catch (const LostTrace &lost) {
-        // The record ends there, as one that is read as a whole before it is converted. Its traces
-        // have been printed.
-        const std::string reason = record.file.error() == QFile::NoError
-                                       ? "the file has become shorter"
-                                       : record.file.errorString().toStdString();
-        fail(report, "trace " + std::to_string(lost.index + 1) + " cannot be read: " + reason,
-             Window::goesOn);
-        record.lines.resize(lost.index);
-        if (record.lines.empty())
-            record.sourceX.reset();
-        convertRecord(record, listingPath, seg2Path, nullptr, report);
+    for (bool isConverted = false; !isConverted;) {
+        try {
+            if (writeListing(listingPath, record.lines, report))
+                convertListing(listingPath, seg2Path, record.sourceX, samples, progress, report);
+            isConverted = true;
+        } catch (const LostTrace &lost) {
+            endBefore(lost.index, record, report);
+            progress = nullptr; // the traces that are left have been printed
+        }
     }
 }
 

@@ -43,10 +43,17 @@ std::size_t readFully(QFile &file, char *to, std::size_t size)
 /// Puts what comes next in the file after what `bytes` holds, up to `size` bytes in all.
 void readOn(QFile &file, QByteArray &bytes, std::size_t size)
 {
-    const auto before = static_cast<std::size_t>(bytes.size());
+    const qsizetype before = bytes.size();
     bytes.resize(static_cast<qsizetype>(size));
-    const std::size_t count = readFully(file, bytes.data() + before, size - before);
-    bytes.resize(static_cast<qsizetype>(before + count));
+    const std::size_t count =
+        readFully(file, bytes.data() + before, size - static_cast<std::size_t>(before));
+    bytes.resize(before + static_cast<qsizetype>(count));
+}
+
+/// Where a trace begins in the file.
+qint64 placeOf(std::size_t trace, std::size_t traceSize)
+{
+    return static_cast<qint64>(trace) * static_cast<qint64>(traceSize);
 }
 
 /// Keeps what the first header says of all traces.
@@ -208,7 +215,7 @@ void indexSuFile(QFile &file, const TakeSuTrace &take, SuFindings &findings, Rep
     QByteArray header;
     for (; (read.traceCount + 1) * traceSize <= read.size; ++read.traceCount) {
         header.resize(0);
-        file.seek(static_cast<qint64>(read.traceCount * traceSize));
+        file.seek(placeOf(read.traceCount, traceSize));
         readOn(file, header, suHeaderSize);
         keepError(read, file);
         if (static_cast<std::size_t>(header.size()) < suHeaderSize)
@@ -255,7 +262,7 @@ std::vector<float> readSuSamples(QFile &file, std::size_t trace, std::uint32_t c
     reader.sampleFormat = 5;
     // The next header is read with them, so that the samples after it need no seek.
     std::vector<float> samples(count + suHeaderSize / sizeof(float));
-    const auto start = static_cast<qint64>(trace * suTraceSize(reader.sampleCount) + suHeaderSize);
+    const qint64 start = placeOf(trace, suTraceSize(reader.sampleCount)) + qint64{suHeaderSize};
     if (file.pos() != start)
         file.seek(start);
     const std::size_t size =
