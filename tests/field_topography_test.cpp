@@ -6,6 +6,8 @@
 #include "field/shot_list.h"
 #include "tests/support/field_picks.h"
 
+#include "traveltime/text.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,8 +45,7 @@ std::string listed(const std::string &text)
     for (const ShotPosition &position : positions) {
         const bool isInFolder = position.file.starts_with(folder.path(""));
         words += (isInFolder ? "+" + position.file.substr(folder.path("").size()) : position.file)
-                 + '=' + std::to_string(position.x) + ',' + std::to_string(position.elevation)
-                 + ' ';
+                 + '=' + fixedNumber(position.x) + ',' + fixedNumber(position.elevation) + ' ';
     }
     for (const Remark &remark : report.remarks)
         words += told(remark.place, remark.text);
