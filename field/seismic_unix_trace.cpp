@@ -142,14 +142,14 @@ std::string putGeometry(SuHeaderBytes &header, const RecordTrace &trace, std::si
 {
     const Location source = trace.source.value_or(Location{});
     const Location receiver = trace.receiver.value_or(Location{});
-    const std::string refusal = putCoordinates(header,
-                                               {"a position",
-                                                su::coordinateScalar,
-                                                {{source[0], su::sourceX},
-                                                 {source[1], su::sourceY},
-                                                 {receiver[0], su::receiverX},
-                                                 {receiver[1], su::receiverY}}},
-                                               number, roundings);
+    std::string refusal = putCoordinates(header,
+                                         {"a position",
+                                          su::coordinateScalar,
+                                          {{source[0], su::sourceX},
+                                           {source[1], su::sourceY},
+                                           {receiver[0], su::receiverX},
+                                           {receiver[1], su::receiverY}}},
+                                         number, roundings);
     if (!refusal.empty())
         return refusal;
     return putCoordinates(
