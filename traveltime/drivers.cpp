@@ -70,8 +70,8 @@ bool readSeisImagerFiles(const std::vector<std::string> &files, TraveltimeSurvey
     for (std::size_t i = 0; i < files.size() && report.result == 0 && !report.error; ++i) {
         const std::size_t before = survey.traveltimes.size();
         readSeisImager(files[i], survey, index, report);
-        // Also after a file that cannot be opened, but not after an error, and only when there are so
-        // many records by now.
+        // Also after a file that cannot be opened, but not after an error, and only when there are
+        // so many records by now.
         if (!report.error && i < survey.traveltimes.size())
             survey.traveltimes[i].shotIndex = static_cast<std::uint32_t>(i);
         shotCounts.push_back(survey.traveltimes.size() - before);
