@@ -102,8 +102,10 @@ bool readHeader(const std::string &path, DolangHeader &header, Report &report)
         return false;
     if (header.channelCount == 0)
         return fail(report, std::string(channels) + " is 0");
-    if (!nextNote(input, header, report) || !nextNote(input, header, report)
-        || !nextNumber(input, "the delay in seconds", header.delay, report)
+    for (int note = 0; note < 2; ++note)
+        if (!nextNote(input, header, report))
+            return false;
+    if (!nextNumber(input, "the delay in seconds", header.delay, report)
         || !nextCount(input, "the number of samples of a channel", header.sampleCount, report)
         || !nextNumber(input, "the number of samples per second", header.samplingRate, report))
         return false;

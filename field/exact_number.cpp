@@ -32,7 +32,7 @@ void layOut(std::string &text, std::string_view digits, int exponent)
     } else if (exponent >= count - 1) {
         text.append(digits).append(static_cast<std::size_t>(exponent + 1 - count), '0');
     } else {
-        const auto whole = static_cast<std::size_t>(exponent + 1);
+        const std::size_t whole = static_cast<std::size_t>(exponent) + 1;
         text.append(digits.substr(0, whole)).append(".").append(digits.substr(whole));
     }
 }
@@ -43,7 +43,7 @@ bool appendQuickly(std::string &text, double value, int power)
 {
     if (value >= 1e6)
         return false;
-    const auto billionths = static_cast<std::int64_t>(value * 1e9 + 0.5);
+    const std::int64_t billionths = std::llround(value * 1e9);
     if (billionths == 0 || static_cast<double>(billionths) / 1e9 != value)
         return false;
     std::array<char, 20> digits;

@@ -107,8 +107,7 @@ bool readTraces(RecordInput &input, const SuOrder &order, std::size_t traceCount
         trace.samples = std::move(samples);
         if (!take(file, trace))
             return false;
-        if (auto *const used = std::get_if<std::vector<float>>(&trace.samples))
-            samples = std::move(*used);
+        samples = std::get<std::vector<float>>(std::move(trace.samples)); // for the next
     }
     return true;
 }
