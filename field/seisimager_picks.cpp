@@ -230,10 +230,11 @@ double receiverSpacing(const TraveltimeSurvey &survey)
         std::vector<double> distances;
         for (std::size_t i = 1; i < receivers.size(); ++i)
             distances.push_back(std::abs(receivers[i].x - receivers[i - 1].x));
+        if (distances.empty())
+            continue;
         const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
         std::nth_element(distances.begin(), middle, distances.end());
-        if (!distances.empty())
-            return *middle;
+        return *middle;
     }
     return 0.0;
 }
