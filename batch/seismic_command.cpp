@@ -14,6 +14,7 @@
 #include <functional>
 #include <iostream>
 #include <set>
+#include <system_error>
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -22,7 +23,7 @@
 namespace {
 
 /// Converts a record into a listing and a SEG2 file, of these names; progress goes to the stream.
-using Convert = std::function<bool(const std::string &listingPath, const std::string &seg2Path,
+using Convert = std::function<void(const std::string &listingPath, const std::string &seg2Path,
                                    std::ostream *progress)>;
 
 /// Makes both files of a record, if the report allows it, and shows what there is to say about the
@@ -43,9 +44,8 @@ bool makeRecord(const Request &request, const std::string &input, const std::str
 
 bool convertSuFile(const std::string &path, const Request &request)
 {
-    const std::string base = beforeLastDot(path);
-    const std::string listingPath = base + "_tmp";
-    const std::string seg2Path = base + ".seg2";
+    const std::string listingPath = suListingPath(path);
+    const std::string seg2Path = suSeg2Path(path);
     Report report;
     if (isSameFile(path, seg2Path) || isSameFile(path, listingPath))
         fail(report, {path}, "the output would replace this input");
@@ -54,28 +54,31 @@ bool convertSuFile(const std::string &path, const Request &request)
     return makeRecord(
         request, path, listingPath, seg2Path,
         [&](const std::string &listing, const std::string &seg2, std::ostream *progress) {
-            return convertSu(path, listing, seg2, progress, report);
+            convertSu(path, listing, seg2, progress, report);
         },
         report);
 }
 
-/// Whether the name is that of a channel file, such as LINE.A01.
-bool isChannelFile(const std::string &path)
+/// Whether a set is named by one of its channel files, such as LINE.A01.
+bool isChannelOfASet(const std::string &base)
 {
-    const std::size_t digits = path.find_last_not_of("0123456789") + 1;
-    return path.size() >= digits + 2
-           && std::any_of(dolangKinds.begin(), dolangKinds.end(), [&](const DolangKind &kind) {
-                  return path.substr(0, digits).ends_with(kind.channelSuffix);
-              });
+    const std::size_t digits = base.find_last_not_of("0123456789") + 1;
+    return base.size() >= digits + 2
+           && std::any_of(dolangKinds.begin(), dolangKinds.end(),
+                          [&](const DolangKind &kind) {
+                              return base.substr(0, digits).ends_with(kind.channelSuffix);
+                          })
+           && !isThere(base + dolangKinds.front().headerExtension);
 }
 
 /// Converts the kinds of a set in turn; one that fails ends it, as in the window.
 bool convertDolangSet(const std::string &base, const Request &request)
 {
+    const bool isChannel = isChannelOfASet(base);
     return std::all_of(dolangKinds.begin(), dolangKinds.end(), [&](const DolangKind &kind) {
         const std::string header = base + kind.headerExtension;
         Report report;
-        if (isChannelFile(base) && !isThere(header))
+        if (isChannel)
             fail(report, {base},
                  "this is one channel of a set: name the set by its base, " + beforeLastDot(base)
                      + ", or by a header");
@@ -84,7 +87,7 @@ bool convertDolangSet(const std::string &base, const Request &request)
         return makeRecord(
             request, header, kind.listingName, base + kind.seg2Ending,
             [&](const std::string &listing, const std::string &seg2, std::ostream *progress) {
-                return convertDolang(base, kind, listing, seg2, progress, report);
+                convertDolang(base, kind, listing, seg2, progress, report);
             },
             report);
     });
@@ -126,10 +129,12 @@ int convertAll(const std::vector<std::string> &inputs, const Request &request,
         if (isTerminal())
             std::cerr << std::to_string(i + 1) + '/' + std::to_string(inputs.size()) + ' '
                              + inputs[i] + '\n';
-        const std::filesystem::path base = std::filesystem::absolute(baseOf(inputs[i]));
+        const std::filesystem::path base = baseOf(inputs[i]);
         std::error_code error;
-        const std::filesystem::path canonical = std::filesystem::weakly_canonical(base, error);
-        if (bases.insert(error ? base : canonical).second) {
+        std::filesystem::path place = std::filesystem::absolute(base, error);
+        if (!error)
+            place = std::filesystem::weakly_canonical(place, error);
+        if (bases.insert(error ? base : place).second) {
             if (!convert(inputs[i], request))
                 status = conversionFailed;
             continue;

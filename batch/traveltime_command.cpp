@@ -9,6 +9,7 @@
 #include "readers/geogiga.h"
 #include "readers/winsism.h"
 #include "traveltime/drivers.h"
+#include "traveltime/fields.h"
 #include "traveltime/generic_text.h"
 #include "traveltime/otte_writer.h"
 #include "traveltime/survey_checks.h"

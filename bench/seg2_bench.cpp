@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-// The lines that the conversions print about every sample are discarded here: what they cost when
-// they are read, printedSamples tells.
+// Without the lines that the conversions print about every sample: for these see printedSamples.
 
 #include "bench/inputs.h"
 #include "seg2/dolang_conversion.h"
@@ -13,7 +12,6 @@
 #include <benchmark/benchmark.h>
 
 #include <fstream>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -26,19 +24,6 @@ int size(benchmark::State &state)
     state.SetComplexityN(state.range(0));
     return static_cast<int>(state.range(0));
 }
-
-/// Silences the standard output stream while it lives.
-struct Silence
-{
-    Silence()
-    {
-        std::cout.setstate(std::ios::badbit);
-    }
-    ~Silence()
-    {
-        std::cout.clear();
-    }
-};
 
 /// By the number of traces.
 void seg2Writer(benchmark::State &state)
@@ -69,8 +54,8 @@ void seismicUnixConversion(benchmark::State &state)
     const std::string path = folder.path("line.su");
     writeSeismicUnix(path, size(state), samplesPerTrace);
     for (auto _ : state) {
-        const Silence silence;
-        if (convertSuToSeg2(path) != 0)
+        Report report;
+        if (!convertSu(path, suListingPath(path), suSeg2Path(path), nullptr, report))
             state.SkipWithError("not converted");
     }
 }
@@ -83,11 +68,10 @@ void dolangConversion(benchmark::State &state)
     const std::string base = folder.path("LINE");
     writeDolang(base, 24, size(state));
     for (auto _ : state) {
-        const Silence silence;
         for (const DolangKind &kind : dolangKinds) {
-            Problem problem;
-            if (!convertDolangKind(base, kind, folder.path(kind.listingName),
-                                   base + kind.seg2Ending, problem))
+            Report report;
+            if (!convertDolang(base, kind, folder.path(kind.listingName), base + kind.seg2Ending,
+                               nullptr, report))
                 state.SkipWithError("not converted");
         }
     }

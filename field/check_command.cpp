@@ -11,6 +11,7 @@
 #include "field/progress_bar.h"
 #include "field/record_checks.h"
 #include "field/window_verdict.h"
+#include "traveltime/text.h"
 
 #include <QString>
 
@@ -63,9 +64,10 @@ void addVerdict(Outcome &outcome, const Input &input, const PickOptions &options
         windowVerdict(input.format->name, input.path, options);
     if (!verdict)
         return;
-    QJsonObject object{{"isSame", verdict->isSame},
-                       {"text", QString::fromStdString(verdict->text)}};
-    addPlace(object, verdict->place);
+    QJsonObject object{{"isSame", verdict->isSame}};
+    addPlace(object, verdict->isSame ? Place{input.path} : verdict->place);
+    if (!verdict->isSame)
+        object["text"] = QString::fromStdString(verdict->text);
     append(outcome.object, "window", object);
     if (verdict->isSame)
         outcome.lines.push_back(input.path + ": the window reads the same survey");
@@ -113,32 +115,45 @@ void checkRecord(Outcome &outcome, const Input &input, Report &report)
     outcome.lines.push_back(input.path + ": " + counted(traces, "trace"));
 }
 
+/// Checks a file, or reads its picks into the survey.
+void checkFile(Outcome &outcome, const Input &input, const PickOptions &options, PickSurvey &survey,
+               Report &report)
+{
+    if (!holdsPicks(input)) {
+        if (input.format != nullptr)
+            checkRecord(outcome, input, report);
+    } else if (readPicks(input, options, survey, report)) {
+        addVerdict(outcome, input, options);
+    }
+}
+
 /// Checks all files and shows what there is to say about their reading; false when one failed.
 bool checkFiles(const Request &request, Outcome &outcome)
 {
     Report listReport;
     const PickOptions options = pickOptionsOf(request, listReport);
     addReport(outcome.object, listReport);
-    if (conclude(listReport, false, "") != converted)
-        return false;
+    bool isRead = conclude(listReport, false, "") == converted;
     PickSurvey survey;
-    bool isRead = true;
-    ProgressBar bar("reading");
-    for (std::size_t i = 0; i < request.files.size(); ++i) {
-        bar.show(static_cast<double>(i) / static_cast<double>(request.files.size()));
+    bool areAllPicksRead = isRead;
+    for (const std::string &path : request.files) {
+        if (listReport.failure)
+            break; // without the list that was asked for nothing is sure
         Report report;
-        const Input input = openInput(request.files[i], request, report);
-        if (holdsPicks(input)) {
-            if (readPicks(input, options, survey, report))
-                addVerdict(outcome, input, options);
-        } else if (input.format != nullptr) {
-            checkRecord(outcome, input, report);
-        }
+        const Input input = openInput(path, request, report);
+        checkFile(outcome, input, options, survey, report);
         addReport(outcome.object, report);
-        isRead = conclude(report, false, "") == converted && isRead;
+        if (conclude(report, false, "") == converted)
+            continue;
+        isRead = false;
+        areAllPicksRead = areAllPicksRead && input.format != nullptr && !holdsPicks(input);
     }
-    if (isRead && !survey.survey.shots.empty())
+    if (survey.survey.shots.empty())
+        return isRead;
+    if (areAllPicksRead)
         checkSurveyOfPicks(outcome, survey, request.tolerance);
+    else
+        outcome.lines.emplace_back("the picks are not checked, as a file was refused");
     return isRead;
 }
 
@@ -159,9 +174,10 @@ int runCheck(const Request &request)
             std::cout << lineOf(finding) + '\n';
         for (const std::string &line : outcome.lines)
             std::cout << line + '\n';
-        std::cout << (outcome.findings.empty() ? "nothing found"
-                                               : counted(outcome.findings.size(), "finding"))
-                  << '\n';
+        if (!outcome.findings.empty())
+            std::cout << counted(outcome.findings.size(), "finding") + '\n';
+        else
+            std::cout << (isRead ? "nothing found\n" : "nothing found in what could be read\n");
     }
     Report report;
     flushOutput(report);

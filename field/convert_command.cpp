@@ -90,13 +90,16 @@ int convertPicks(const Request &request, const Format &target, const std::vector
     return conclude(report, request.isStrict, request.output);
 }
 
-/// The file that a record becomes: in a folder it is named as the input.
-std::string outputOf(const Request &request, const Format &target, const std::string &input)
+/// The file that a record becomes: in a folder it is named as the input; LINE_ADT for the Dolang
+/// header LINE.ADT, as its set has others.
+std::string outputOf(const Request &request, const Format &target, const Input &input)
 {
     std::error_code ignored;
     if (!std::filesystem::is_directory(request.output, ignored))
         return request.output;
-    const std::filesystem::path name = std::filesystem::path(input).filename();
+    std::filesystem::path name = std::filesystem::path(input.path).filename();
+    if (input.format->name == "dolang" && name.has_extension())
+        name = name.stem().string() + '_' + name.extension().string().substr(1) + ".";
     return (std::filesystem::path(request.output) / name.stem()).string() + '.'
            + target.extensions.front();
 }
@@ -136,7 +139,7 @@ int convertRecords(const Request &request, const Format &target, const std::vect
     std::set<std::string> outputs;
     int status = converted;
     for (const Input &input : inputs) {
-        const std::string output = outputOf(request, target, input.path);
+        const std::string output = outputOf(request, target, input);
         if (outputs.insert(output).second) {
             status = std::max(status, convertOneRecord(request, target, input, output));
             continue;

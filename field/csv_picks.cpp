@@ -155,6 +155,8 @@ bool readCsvPicks(const std::string &path, const PickOptions & /*options*/, Pick
     if (!loadInput(path, file.input, report) || !readHeading(file, report)
         || !readRows(measurements, table, file, report) || !endNumbers(file.input, report))
         return false;
+    if (measurements.empty())
+        remark(report, RemarkKind::noShots, "there are no shots in this file");
     addShots(picks, measurements, table, path);
     return true;
 }

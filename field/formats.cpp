@@ -3,20 +3,97 @@
 
 #include "field/formats.h"
 
+#include "field/csv_picks.h"
+#include "field/dolang.h"
+#include "field/generic_picks.h"
+#include "field/geogiga_picks.h"
+#include "field/otte_picks.h"
 #include "field/pick_content.h"
+#include "field/seg2.h"
+#include "field/seisimager_picks.h"
+#include "field/seismic_unix.h"
+#include "field/sgt_picks.h"
+#include "field/winsism_picks.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 
 namespace {
 
 const std::array allFormats = {
     Format{.name = "generic",
-           .title = "generic text, a file for each shot",
+           .title = "text, a file for each shot",
+           .units = "metres, seconds unless --times-in says ms",
+           .recognise = recogniseGeneric,
+           .hasNoTimeUnit = true,
+           .readPicks = readGenericPicks},
+    Format{.name = "geogiga",
+           .title = "TX_CURVE text",
+           .units = "metres, seconds unless --times-in says ms",
+           .isCertain = true,
+           .recognise = recogniseGeogiga,
+           .hasNoTimeUnit = true,
+           .readPicks = readGeogigaPicks},
+    Format{.name = "seisimager",
+           .title = "SeisImager traveltimes",
+           .units = "metres, milliseconds",
+           .extensions = {"vs"},
+           .recognise = recogniseSeisImager,
+           .readPicks = readSeisImagerPicks,
+           .writePicks = writeSeisImagerPicks},
+    Format{.name = "winsism",
+           .title = "Geo2X Winsism XYZ",
+           .units = "metres, milliseconds",
+           .isCertain = true,
+           .recognise = recogniseWinsism,
+           .readPicks = readWinsismPicks},
+    Format{.name = "otte",
+           .title = "OTTE traveltimes",
+           .units = "metres, milliseconds",
+           .extensions = {"otte"},
+           .isCertain = true,
+           .recognise = recogniseOtte,
+           .readPicks = readOttePicks,
+           .writePicks = writeOttePicks},
+    Format{.name = "sgt",
+           .title = "unified data format",
+           .units = "as its columns say, otherwise metres, seconds",
+           .extensions = {"sgt"},
+           .recognise = recogniseSgt,
+           .readPicks = readSgtPicks,
+           .writePicks = writeSgtPicks},
+    Format{.name = "csv",
+           .title = "table with a heading",
            .units = "metres, seconds",
-           .recognise = recogniseGeneric},
+           .extensions = {"csv"},
+           .isCertain = true,
+           .recognise = recogniseCsv,
+           .readPicks = readCsvPicks,
+           .writePicks = writeCsvPicks},
+    Format{.name = "su",
+           .title = "Seismic Unix",
+           .units = "as its headers say, otherwise metres, microseconds",
+           .extensions = {"su"},
+           .isCertain = true,
+           .recognise = recogniseSeismicUnix,
+           .readRecord = readSeismicUnix,
+           .writesRecords = true},
+    Format{.name = "seg2",
+           .title = "SEG2",
+           .units = "metres, seconds, millivolts by DESCALING_FACTOR",
+           .extensions = {"seg2", "sg2", "dat"},
+           .isCertain = true,
+           .recognise = recogniseSeg2,
+           .readRecord = readSeg2,
+           .writesRecords = true},
+    Format{.name = "dolang",
+           .title = "Dolang, a set of files",
+           .units = "seconds, samples per second",
+           .recognise = recogniseDolang,
+           .readRecord = readDolang},
 };
 
 /// Which format a file's content fits, and how that is known.
@@ -71,16 +148,13 @@ const Format *formatNamed(const std::string &name)
 
 const Format *formatWrittenTo(const std::string &path)
 {
-    const std::size_t dot = path.find_last_of("./");
-    if (dot == std::string::npos || path[dot] != '.')
-        return nullptr;
-    std::string extension = path.substr(dot + 1);
+    std::string extension = std::filesystem::path(path).extension().string();
     for (char &character : extension)
         character = static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
     for (const Format &format : allFormats)
-        if (std::find(format.extensions.begin(), format.extensions.end(), extension)
-            != format.extensions.end())
-            return &format;
+        for (const std::string &written : format.extensions)
+            if (extension == '.' + written)
+                return &format;
     return nullptr;
 }
 

@@ -59,9 +59,9 @@ QJsonObject toJson(const RecordSummary &summary)
     for (const auto &[name, value] : summary.file.strings)
         strings[QString::fromStdString(name)] = QString::fromStdString(value);
     return {{"byteOrder", summary.file.byteOrder == ByteOrder::bigEndian ? "big" : "little"},
-            {"byteOrderKnownBy", QString::fromStdString(summary.file.knownBy)},
             {"strings", strings},
             {"traces", count(summary.traces)},
+            {"hasAngles", summary.hasAngles},
             {"deadTraces", count(summary.deadTraces)},
             {"sampleTypes", toArray(summary.sampleTypes, QString::fromStdString)},
             {"samples", toJson(summary.samples)},

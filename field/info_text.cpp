@@ -31,15 +31,17 @@ std::string positionText(const Range &x, const Range &elevation)
                       : ", x " + rangeText(x, "m") + ", elevation " + rangeText(elevation, "m");
 }
 
-std::string locationText(const LocationSummary &summary, std::size_t traces)
+std::string locationText(const LocationSummary &summary, const RecordSummary &record)
 {
     if (summary.traces == 0)
         return "none";
     const auto &[x, y, elevation] = summary.ranges;
+    const std::string unit = record.hasAngles ? "(an angle)" : "m";
     const bool hasY = y.least != 0.0 || y.greatest != 0.0;
-    return std::to_string(summary.locations.size()) + ", x " + rangeText(x, "m")
-           + (hasY ? ", y " + rangeText(y, "m") : "") + ", elevation " + rangeText(elevation, "m")
-           + (summary.traces < traces ? ", in " + std::to_string(summary.traces) + " traces" : "");
+    return std::to_string(summary.locations.size()) + ", x " + rangeText(x, unit)
+           + (hasY ? ", y " + rangeText(y, unit) : "") + ", elevation " + rangeText(elevation, "m")
+           + (summary.traces < record.traces ? ", in " + std::to_string(summary.traces) + " traces"
+                                             : "");
 }
 
 std::string joined(const std::set<std::string> &words)
@@ -92,9 +94,7 @@ std::string describe(const RecordSummary &summary, const std::string &units)
     const bool isBigEndian = summary.file.byteOrder == ByteOrder::bigEndian;
     std::string text =
         infoLine("units", units)
-        + infoLine("byte order",
-                   (isBigEndian ? "big-endian" : "little-endian")
-                       + (summary.file.knownBy.empty() ? "" : ", known by " + summary.file.knownBy))
+        + infoLine("byte order", isBigEndian ? "big-endian" : "little-endian")
         + infoLine("traces", std::to_string(summary.traces)
                                  + (summary.deadTraces == 0
                                         ? ""
@@ -105,8 +105,8 @@ std::string describe(const RecordSummary &summary, const std::string &units)
         + infoLine("amplitudes", rangeText(summary.amplitude, ""))
         + infoLine("shots", numbersText(summary.shotNumbers))
         + infoLine("channels", numbersText(summary.channelNumbers))
-        + infoLine("sources", locationText(summary.sources, summary.traces))
-        + infoLine("receivers", locationText(summary.receivers, summary.traces))
+        + infoLine("sources", locationText(summary.sources, summary))
+        + infoLine("receivers", locationText(summary.receivers, summary))
         + infoLine("stacked", rangeText(summary.stackCount, ""));
     if (!summary.times.empty())
         text += infoLine("recorded",

@@ -8,14 +8,18 @@
 #include "field/text_input.h"
 #include "traveltime/text.h"
 
+#include <algorithm>
+
 namespace {
 
 /// What stands in the file before its records.
 struct Header
 {
+    bool hasEmptyLines = false; ///< between its lines, so that none stands for no values
+
     std::vector<Spread> spreads = {};
     std::vector<ReceiverPosition> shots = {};
-    std::size_t shotLine = 0;
+    std::size_t shotLine = 0;      ///< of their elevations
     std::vector<bool> isShot = {}; ///< of each shot, whether a record names it
 };
 
@@ -40,13 +44,13 @@ bool readIndex(const char *name, std::size_t &index, TextInput &input, Report &r
     return nextWord(name, input, report) && readCount(input.line, name, index, input, report);
 }
 
-/// Goes to a line of values and splits it; lines of `least` values or more are not empty.
-bool nextValues(const char *name, std::size_t least, TextInput &input, Report &report)
+/// Goes to a line of values and splits it. It may be empty when there may be no values.
+bool nextValues(const char *name, bool mayBeEmpty, TextInput &input, Report &report)
 {
     do {
         if (!nextLine(input, report))
             return fail(report, std::string("the file ends where ") + name + " are expected");
-    } while (input.line.starts_with('#') || (input.line.empty() && least > 0));
+    } while (input.line.starts_with('#') || (input.line.empty() && !mayBeEmpty));
     splitAt(';', input);
     if (input.fields.back().empty())
         input.fields.pop_back();
@@ -54,18 +58,18 @@ bool nextValues(const char *name, std::size_t least, TextInput &input, Report &r
 }
 
 /// Reads a line of x and one of elevations. Where there are no positions both are empty.
-bool readPositions(const char *name, const char *elevationName, Spread &positions, TextInput &input,
-                   Report &report)
+bool readPositions(const char *name, const char *elevationName, bool mayBeEmpty, Spread &positions,
+                   TextInput &input, Report &report)
 {
-    if (!nextValues(name, 0, input, report)
-        || (input.fields.empty() && !nextValues(elevationName, 0, input, report)))
+    if (!nextValues(name, mayBeEmpty, input, report)
+        || (input.fields.empty() && !nextValues(elevationName, true, input, report)))
         return false;
     if (input.fields.empty())
         return true;
     for (const std::string_view field : input.fields)
         if (!readNumber(field, "a position", positions.emplace_back().x, input, report))
             return false;
-    if (!nextValues(elevationName, positions.size(), input, report))
+    if (!nextValues(elevationName, false, input, report))
         return false;
     if (input.fields.size() != positions.size())
         return fail(report, counted(input.fields.size(), "value") + ": " + elevationName + " of "
@@ -76,20 +80,31 @@ bool readPositions(const char *name, const char *elevationName, Spread &position
     return true;
 }
 
+bool isNextLineEmpty(const TextInput &input)
+{
+    const std::size_t at =
+        std::min(input.text.find_first_not_of(" \t", input.position), input.text.size());
+    return std::string_view("\r\n").find(input.text[at]) != std::string_view::npos;
+}
+
 bool readHeader(Header &header, TextInput &input, Report &report)
 {
     std::size_t spreadCount = 0;
-    if (!readWord("otte", input, report) || !readWord("1.0", input, report)
-        || !readWord("2", input, report)
+    if (!readWord("otte", input, report))
+        return false;
+    header.hasEmptyLines = isNextLineEmpty(input);
+    const bool mayBeEmpty = !header.hasEmptyLines;
+    if (!readWord("1.0", input, report) || !readWord("2", input, report)
         || !readIndex("the number of spreads", spreadCount, input, report))
         return false;
     for (std::size_t i = 0; i < spreadCount; ++i)
-        if (!readPositions("a spread's positions", "the elevations", header.spreads.emplace_back(),
-                           input, report))
+        if (!readPositions("a spread's positions", "the elevations", mayBeEmpty,
+                           header.spreads.emplace_back(), input, report))
             return false;
-    if (!readPositions("the shots' positions", "the elevations", header.shots, input, report))
+    if (!readPositions("the shots' positions", "the elevations", mayBeEmpty, header.shots, input,
+                       report))
         return false;
-    header.shotLine = report.place.line - 1;
+    header.shotLine = report.place.line;
     header.isShot.resize(header.shots.size());
     return true;
 }
@@ -114,7 +129,7 @@ bool readRecord(Header &header, PickSurvey &picks, TextInput &input, Report &rep
     if (!readIndexBelow(header.spreads.size(), "a record's spread", "spread", spread, input, report)
         || !nextWord("a record's shot", input, report)
         || !readIndexBelow(header.shots.size(), "a record's shot", "shot", shot, input, report)
-        || !nextValues("a record's times", header.spreads[spread].size(), input, report))
+        || !nextValues("a record's times", header.spreads[spread].empty(), input, report))
         return false;
     const Spread &receivers = header.spreads[spread];
     if (input.fields.size() != receivers.size())
@@ -162,6 +177,8 @@ bool readOttePicks(const std::string &path, const PickOptions & /*options*/, Pic
     Header header;
     if (!loadInput(path, input, report) || !readHeader(header, input, report))
         return false;
+    if (header.shots.empty())
+        remark(report, RemarkKind::noShots, "there are no shots in this file");
     while (nextContent(input, report))
         if (!readRecord(header, picks, input, report))
             return false;

@@ -39,6 +39,7 @@ void addTrace(RecordSummary &summary, const RecordFile &file, const RecordTrace 
     if (++summary.traces == 1)
         summary.file = file;
     summary.deadTraces += trace.isDead ? 1 : 0;
+    summary.hasAngles = summary.hasAngles || trace.hasAngles;
     addSamples(summary, trace.samples);
     extend(summary.sampleInterval, trace.sampleInterval);
     extend(summary.delay, trace.delay);

@@ -25,6 +25,7 @@ struct RecordSummary
     RecordFile file = {};
     std::size_t traces = 0;
     std::size_t deadTraces = 0;
+    bool hasAngles = false;                 ///< x and y of some locations are angles, no metres
     std::set<std::string> sampleTypes = {}; ///< "32-bit floats"
     Range samples = {};                     ///< of a trace
     Range sampleInterval = {};              ///< seconds

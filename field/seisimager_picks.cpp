@@ -96,8 +96,9 @@ void suspect(const std::vector<std::string_view> &first, const TextInput &input,
 
 bool readReceiver(std::vector<Pick> &receivers, TextInput &input, Report &report)
 {
-    // Of three fields the middle one may be empty.
-    if (input.fields.size() == 2 && input.line.find("\t\t") != std::string_view::npos)
+    // Of three fields the middle one may be empty: then the second here is the flag.
+    if (input.fields.size() == 2 && input.fields[1].size() == 1
+        && input.line.find("\t\t") != std::string_view::npos)
         return fail(report, "two tabs in a row: where a time is missing, write -1");
     Pick &pick = receivers.emplace_back();
     pick.line = lineOf(report);
@@ -113,6 +114,10 @@ bool readShotLine(Shot &shot, Progress &progress, TextInput &input, Report &repo
         return false;
     if (progress.suspicion.place.line != 0 && !looksLikeShot(input.fields))
         return failInCounts("", progress, report);
+    if (input.fields.size() == 2 && looksLikeTrailer(input.fields))
+        return fail(report, "this line looks like the end of the survey after "
+                                + std::to_string(progress.shots) + " of "
+                                + counted(progress.shotCount, "shot"));
     progress.shotLine = report.place.line;
     if (!readNumber(input.fields[0], "the shot's x", shot.x, input, report)
         || !readCount(input.fields[1], "the shot's number of receivers", progress.receiverCount,
@@ -201,6 +206,8 @@ bool refuseRest(const Progress &progress, TextInput &input, Report &report)
 /// is one of zeros.
 bool readRest(bool wasZero, Progress &progress, TextInput &input, Report &report)
 {
+    if (progress.isTrailer)
+        return failInCounts("", progress, report);
     const Place last = report.place;
     for (bool isFirst = true; nextContent(input, report); isFirst = false) {
         splitAtBlanks(input);
@@ -213,7 +220,7 @@ bool readRest(bool wasZero, Progress &progress, TextInput &input, Report &report
                             + std::to_string(progress.shotLine) + ", says "
                             + counted(progress.receiverCount, "receiver"));
     }
-    return !progress.isTrailer || failInCounts("", progress, report);
+    return true;
 }
 
 /// The middle one of the distances between the receivers of the first shot that has some.

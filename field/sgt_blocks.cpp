@@ -54,7 +54,7 @@ bool parseColumn(std::string_view word, Column &column)
 /// Takes the columns from the comment that is the current line, if it names them.
 bool parseColumns(const BlockKind &kind, Block &block, TextInput &input, Report &report)
 {
-    input.line.remove_prefix(1);
+    input.line = trimmed(input.line.substr(1));
     splitAtBlanks(input);
     std::vector<Column> columns;
     std::string unknown;
@@ -74,7 +74,7 @@ bool parseColumns(const BlockKind &kind, Block &block, TextInput &input, Report 
         return fail(report, "the unit of " + unknown
                                 + " is not known: m, km, dm, cm, mm, s, ms, us, ns and err/% are");
     block.columns = columns;
-    block.names = trimmed(input.line);
+    block.names = input.line;
     return true;
 }
 

@@ -23,10 +23,9 @@ const BlockKind measurementKind{
 const BlockKind topographyKind{"topography point", "", {}, {}, true};
 
 /// Reads the positions; `indices` are those of the file's points in the table.
-bool readPositions(PositionTable &table, std::vector<std::uint32_t> &indices, SgtInput &file,
-                   Report &report)
+bool readPositions(PositionTable &table, std::vector<std::uint32_t> &indices, Block &block,
+                   SgtInput &file, Report &report)
 {
-    Block block;
     if (!readBlock(pointKind, block, file, report) || !requireColumns(pointKind, block, report))
         return false;
     const std::size_t x = find("x", block.columns);
@@ -148,6 +147,19 @@ bool readRest(const Block &measurements, SgtInput &file, Report &report)
            || fail(report, "a line after the last of " + counted(block.count, "topography point"));
 }
 
+/// Remarks on points that no measurement names.
+void remarkOnUnused(const std::vector<Measurement> &measurements, const PositionTable &table,
+                    const Place &place, Report &report)
+{
+    std::vector<bool> isUsed(table.positions.size());
+    for (const Measurement &measurement : measurements)
+        isUsed[measurement.shot] = isUsed[measurement.receiver] = true;
+    const auto unused = static_cast<std::size_t>(std::count(isUsed.begin(), isUsed.end(), false));
+    if (unused > 0)
+        remark(report, RemarkKind::notRead, place,
+               counted(unused, "point") + " that no measurement names: not read");
+}
+
 /// Appends "s g t" or "s g t err" of a record's picks.
 void appendRecord(std::string &text, std::size_t record, const PickSurvey &picks,
                   std::uint32_t shot, const std::vector<std::uint32_t> &receivers, bool hasErrors)
@@ -216,12 +228,16 @@ bool readSgtPicks(const std::string &path, const PickOptions & /*options*/, Pick
     SgtInput file;
     PositionTable table;
     std::vector<std::uint32_t> indices;
+    Block points;
     Block block;
     std::vector<Measurement> measurements;
-    if (!loadInput(path, file.input, report) || !readPositions(table, indices, file, report)
+    if (!loadInput(path, file.input, report) || !readPositions(table, indices, points, file, report)
         || !readMeasurements(measurements, block, indices, table, file, report)
         || !readRest(block, file, report) || !endNumbers(file.input, report))
         return false;
+    remarkOnUnused(measurements, table, {path, points.countLine}, report);
+    if (measurements.empty())
+        remark(report, RemarkKind::noShots, "there are no shots in this file");
     addShots(picks, measurements, table, path);
     return true;
 }

@@ -3,10 +3,10 @@
 
 #include "field/text_input.h"
 
+#include "field/numbers.h"
 #include "traveltime/text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -17,6 +17,11 @@ namespace {
 bool isBlank(char character)
 {
     return character == ' ' || character == '\t';
+}
+
+bool isDigit(char character)
+{
+    return character >= '0' && character <= '9';
 }
 
 /// Appends a character, by its number in Unicode, as UTF-8.
@@ -86,18 +91,7 @@ bool couldPartThousands(std::string_view number)
     const std::size_t comma = number.find(',');
     return comma >= 1 && comma <= 3 && number[0] != '0' && number.size() == comma + 4
            && std::all_of(number.begin() + static_cast<std::ptrdiff_t>(comma) + 1, number.end(),
-                          [](char digit) { return digit >= '0' && digit <= '9'; });
-}
-
-/// The finite number that is all of `text`.
-std::optional<double> parsed(std::string_view text)
-{
-    double value = 0.0;
-    const char *const last = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), last, value);
-    if (error != std::errc() || end != last || !std::isfinite(value))
-        return {};
-    return value;
+                          isDigit);
 }
 
 /// Reads a number with a decimal comma; nothing when the field is none.
@@ -108,7 +102,10 @@ std::optional<double> numberWithComma(std::string_view field, int power, Decimal
         || field.find('.') != std::string_view::npos)
         return {};
     std::string withPoint(field);
-    withPoint[field.find(',')] = '.';
+    const std::size_t comma = field.find(',');
+    withPoint[comma] = '.';
+    if (comma + 1 == field.size() || !isDigit(field[comma + 1]))
+        return {};
     const std::optional<double> value = wholeNumber(withPoint, power);
     if (!value)
         return {};
@@ -269,29 +266,23 @@ bool endNumbers(const TextInput &input, Report &report)
         return fail(report, marks.firstComma,
                     comma + " has a comma that may part thousands: write a decimal point");
     remark(report, RemarkKind::notANumber, marks.firstComma,
-           counted(marks.commas, "number") + " of this file, the first being " + comma
-               + ", are read with a decimal comma");
+           counted(marks.commas, "number") + " with a decimal comma, of which the first is "
+               + comma);
     return true;
 }
 
 std::optional<double> wholeNumber(std::string_view field, int power)
 {
-    if (field.size() > 1 && field[0] == '+' && field[1] != '-')
-        field.remove_prefix(1);
     if (power == 0)
-        return parsed(field);
+        return plainNumber(field);
     // The power goes into the number's text, so that it is rounded once.
     const std::size_t mark = std::min(field.find_first_of("eE"), field.size());
-    if (mark < field.size()) {
-        const char *const begin = field.data() + mark + (field.substr(mark + 1, 1) == "+" ? 2 : 1);
-        const char *const last = field.data() + field.size();
-        int exponent = 0;
-        const auto [end, error] = std::from_chars(begin, last, exponent);
-        if (error != std::errc() || end != last || std::abs(exponent) > 1000)
-            return {};
-        power += exponent;
-    }
-    return parsed(std::string(field.substr(0, mark)) + 'e' + std::to_string(power));
+    const std::string_view digits = field.substr(0, mark);
+    const std::optional<int> exponent =
+        mark == field.size() ? 0 : plainNumber<int>(field.substr(mark + 1));
+    if (!plainNumber(digits) || !exponent || std::abs(*exponent) > 10000)
+        return {};
+    return plainNumber(std::string(digits) + 'e' + std::to_string(*exponent + power));
 }
 
 std::string quoted(std::string_view text)

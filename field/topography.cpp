@@ -9,6 +9,7 @@
 #include "traveltime/text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <map>
 #include <utility>
@@ -51,7 +52,9 @@ double elevationAt(double x, const Topography &topography)
         return right->second;
     const auto left = std::prev(right);
     const double part = (x - left->first) / (right->first - left->first);
-    return left->second + part * (right->second - left->second);
+    const double elevation = left->second + part * (right->second - left->second);
+    // To a nanometre, which takes the last bits' errors away: 212.3, not 212.29999999999998.
+    return std::abs(elevation) < 1e6 ? std::round(elevation * 1e9) / 1e9 : elevation;
 }
 
 /// Remarks on positions beyond the ends of the topography; says the farthest.

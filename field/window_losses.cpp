@@ -6,7 +6,7 @@
 #include "field/numbers.h"
 #include "seg2/dolang_conversion.h"
 #include "seg2/su_conversion.h"
-#include "traveltime/text.h"
+#include "traveltime/fields.h"
 
 #include <algorithm>
 

@@ -76,7 +76,7 @@ std::vector<std::int32_t> readChannels(const std::string &base, const std::strin
     return samples;
 }
 
-/// False when the listing cannot be created.
+/// False when the conversion ends there.
 bool convertKind(const std::string &base, const std::string &kind)
 {
     const Header header = readHeader(base + "." + kind + "DT");
@@ -85,11 +85,11 @@ bool convertKind(const std::string &base, const std::string &kind)
     const std::string listing = "tmp_" + kind + "DT";
     if (!writeListing(listing, std::vector<ListingTrace>(header.channelCount, line)))
         return false;
-    convertListing(listing, base + "_" + kind + "DT_dolang.seg2", 0.0,
-                   [&samples, &header](std::size_t trace, std::size_t sample) {
-                       return static_cast<float>(samples.at(trace * header.sampleCount + sample));
-                   });
-    return true;
+    return convertListing(listing, base + "_" + kind + "DT_dolang.seg2", 0.0,
+                          [&samples, &header](std::size_t trace, std::size_t sample) {
+                              return static_cast<float>(
+                                  samples.at(trace * header.sampleCount + sample));
+                          });
 }
 
 } // namespace

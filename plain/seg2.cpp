@@ -109,7 +109,7 @@ void addTrace(Seg2File &file, const Seg2TraceHeader &header, const std::vector<f
     trace.strings["DESCALING_FACTOR"] = text(1.0);
     trace.strings["RECEIVER_LOCATION"] = text(header.receiverX, header.receiverY, header.receiverZ);
     trace.strings["SAMPLE_INTERVAL"] = text(header.sampleInterval);
-    trace.strings["STACK"] = "1";
+    trace.strings["STACK"] = text(1.0);
     trace.strings["SOURCE_LOCATION"] = text(header.sourceX, 0.0, 0.0);
     trace.samples = samples;
     file.traces.push_back(std::move(trace));

@@ -3,6 +3,9 @@
 
 #include "readers/geogiga.h"
 
+#include "traveltime/fields.h"
+#include "traveltime/text.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -41,7 +44,7 @@ bool startsWith(const std::string &keyword, const OpenFile &file, Report &report
     if (!file.fields.empty() && file.fields.front() == keyword)
         return true;
     const bool hasReturn = !file.fields.empty() && file.fields.front() == keyword + '\r';
-    return fail(report, (file.text.failed ? ending(file) + ", where " : "") + '"' + keyword + '"'
+    return fail(report, (file.text.failed ? ending(file) + " where " : "") + '"' + keyword + '"'
                             + (file.text.failed ? " is" : "") + " expected"
                             + (hasReturn ? ", then LF and not CR LF" : ""));
 }
@@ -74,18 +77,9 @@ std::uint32_t toShotCount(const std::string &text, Report &report)
         remarkUnlessWhole(text, count, report);
         return count;
     } catch (const std::logic_error &) {
-        fail(report, "number of shots \"" + text + '"');
+        fail(report, "number of shots \"" + quotable(text) + '"');
         throw;
     }
-}
-
-/// `text` less the white space around it.
-std::string trimmed(const std::string &text)
-{
-    const std::size_t begin = text.find_first_not_of(" \t\r");
-    return begin == std::string::npos
-               ? ""
-               : text.substr(begin, text.find_last_not_of(" \t\r") + 1 - begin);
 }
 
 bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Report &report)
@@ -109,7 +103,7 @@ bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Rep
     if (!nextValue("TOTAL_NUMBER_OF_SHOTS", value, file, report))
         return false;
     shotCount = toShotCount(value, report);
-    file.shotCount = trimmed(value);
+    file.shotCount = quotable(value);
     return true;
 }
 
@@ -124,11 +118,6 @@ bool parseQuickly(std::string_view word, Number &number)
         return false;
     number = parsed;
     return true;
-}
-
-bool isWhiteSpace(char character)
-{
-    return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
 /// The end of the longest text from `at` on that a stream may take for one number. For an integer
@@ -155,12 +144,14 @@ std::size_t endOfNumber(const std::string &text, std::size_t at)
     return at;
 }
 
-/// Remarks on a word from `begin` on of which only the start was read: what follows is read as the
-/// next number.
+/// Remarks on a word that begins at `begin` and of which only the start was read: what follows is
+/// read as the next number.
 void remarkOnWord(const std::string &text, std::size_t begin, double value, Report &report)
 {
-    const std::size_t end = text.find_first_of(" \t\n\v\f\r", begin);
-    remarkUnlessWhole(text.substr(begin, std::min(end, text.size()) - begin), value, report);
+    if (begin > 0 && !isWhiteSpace(text[begin - 1]))
+        return; // Once for a word, however many numbers are read of it.
+    const auto first = text.begin() + static_cast<std::ptrdiff_t>(begin);
+    remarkUnlessWhole({first, std::find_if(first, text.end(), isWhiteSpace)}, value, report);
 }
 
 /// Extracts one number as `>>` does, counting the line ends before it: a word that begins with no
@@ -202,7 +193,7 @@ void extract(TextFile &file, Number &number, Report &report)
 void failInRow(const OpenFile &file, const std::string &receiverCount, std::int32_t row,
                Report &report)
 {
-    const std::string count = trimmed(receiverCount);
+    const std::string count = quotable(receiverCount);
     if (file.text.position == file.text.text.size())
         fail(report, ending(file) + " and " + std::to_string(row) + " of " + count + " receivers",
              Window::goesOn);
@@ -234,7 +225,7 @@ bool readRows(OpenFile &file, const std::string &receiverCount, double elevation
         if (text.failed && !report.failure)
             failInRow(file, receiverCount, i, report);
         if (static_cast<std::size_t>(i) >= receivers.size()) {
-            fail(report, trimmed(receiverCount) + " receivers after "
+            fail(report, quotable(receiverCount) + " receivers after "
                              + std::to_string(receivers.size()) + " in the first shot");
             throwInvalidSubscript();
         }
@@ -261,7 +252,7 @@ void sizeOnce(Spread &receivers, const std::string &receiverCount, std::size_t f
     if (!receivers.empty() || count == 0)
         return;
     if (count < 0) {
-        fail(report, "number of receivers " + trimmed(receiverCount));
+        fail(report, "number of receivers " + quotable(receiverCount));
         throw std::length_error("vector too long");
     }
     requireHoldable(static_cast<std::uint64_t>(count), fileSize, report);
@@ -272,10 +263,21 @@ void sizeOnce(Spread &receivers, const std::string &receiverCount, std::size_t f
 struct Layout
 {
     Place place = {}; ///< of the first shot
-    std::size_t firstShot = 0;
-    std::size_t lastShot = 0;
+    std::uint32_t firstShot = 0;
+    std::uint32_t lastShot = 0;
     Spread receivers = {};
 };
+
+/// Takes note of where the first `count` receivers stood for a shot; `moved`: not all where they
+/// did before.
+void noteLayout(std::vector<Layout> &layouts, const Place &place, std::uint32_t shot,
+                const Spread &receivers, std::size_t count, bool moved)
+{
+    if (moved || layouts.empty() || layouts.back().receivers.size() != count)
+        layouts.push_back(
+            {place, shot, shot, {receivers.begin(), receivers.begin() + std::ptrdiff_t(count)}});
+    layouts.back().lastShot = shot;
+}
 
 /// Remarks on shots whose receivers are not those of the spread that all shots refer to.
 void remarkOnLayouts(const std::vector<Layout> &layouts, const Spread &written, Report &report)
@@ -292,7 +294,7 @@ void remarkOnLayouts(const std::vector<Layout> &layouts, const Spread &written, 
             remark(report, RemarkKind::layout, layout.place,
                    "the receivers of " + shots
                        + " stand elsewhere than the last shot's: only those are written");
-        else if (layout.receivers.size() < written.size())
+        else if (!layout.receivers.empty() && layout.receivers.size() < written.size())
             remark(report, RemarkKind::layout, layout.place,
                    counted(layout.receivers.size(), "receiver") + " in " + shots + ", of "
                        + std::to_string(written.size()) + " that are written");
@@ -303,7 +305,7 @@ void remarkOnLayouts(const std::vector<Layout> &layouts, const Spread &written, 
 bool readShot(OpenFile &file, double elevation, TraveltimeSurvey &survey, Spread &receivers,
               std::vector<Layout> &layouts, Report &report)
 {
-    // What the last row of the block before left of its line comes first.
+    // The rest of the previous row's line comes first.
     do
         nextLine(file.text, file.line, report);
     while (file.line == "\r");
@@ -322,22 +324,20 @@ bool readShot(OpenFile &file, double elevation, TraveltimeSurvey &survey, Spread
     if (!nextValue("NUMBER_OF_RECEIVERS", value, file, report))
         return false;
     const std::int32_t receiverCount = readInteger(value, report);
-    if (receiverCount == 0)
-        remark(report, RemarkKind::noReceivers,
-               "shot " + std::to_string(file.shotsRead + 1) + " has no receivers");
     // The number of spreads, not of receivers; there are none before a first file.
     if (!survey.spreads.empty() && survey.spreads.size() != static_cast<std::size_t>(receiverCount))
         return fail(report, counted(survey.spreads.size(), "spread") + " read before");
     sizeOnce(receivers, value, file.text.text.size(), report);
+    if (receiverCount <= 0)
+        remark(report, RemarkKind::noReceivers,
+               "shot " + std::to_string(file.shotsRead + 1) + " has no receivers");
 
     nextLine(file.text, file.line, report); // the column heading
     ShotTraveltimes record{0, file.shotsRead, shot.x, elevation, {}};
     const bool moved = readRows(file, value, elevation, receivers, record.times, report);
-    const std::size_t count = record.times.size();
-    if (moved || layouts.empty() || layouts.back().receivers.size() != count)
-        layouts.push_back({place, file.shotsRead, file.shotsRead,
-                           Spread(receivers.begin(), receivers.begin() + std::ptrdiff_t(count))});
-    layouts.back().lastShot = file.shotsRead++;
+    if (!report.failure)
+        noteLayout(layouts, place, file.shotsRead, receivers, record.times.size(), moved);
+    ++file.shotsRead;
     survey.traveltimes.push_back(std::move(record));
     return true;
 }
@@ -357,7 +357,8 @@ bool readFile(OpenFile &file, TraveltimeSurvey &survey, Report &report)
     while (file.shotsRead < shotCount)
         if (!readShot(file, elevation, survey, receivers, layouts, report))
             return false;
-    remarkOnLayouts(layouts, receivers, report);
+    if (!report.failure)
+        remarkOnLayouts(layouts, receivers, report);
     survey.spreads.push_back(std::move(receivers));
     const Rest rest = readRest([&](std::string &line) { return nextLine(file.text, line, report); },
                                " \t\r", report);

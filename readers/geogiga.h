@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include "traveltime/report.h"
 #include "traveltime/survey.h"
-#include "traveltime/text.h"
 
 #include <cstdint>
 #include <string>

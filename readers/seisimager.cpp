@@ -3,6 +3,9 @@
 
 #include "readers/seisimager.h"
 
+#include "traveltime/fields.h"
+#include "traveltime/text.h"
+
 namespace {
 
 /// What was read so far, and the counts as the file writes them.
@@ -11,7 +14,7 @@ struct Progress
     std::string shotCount = {};
     std::int32_t shots = 0;
     std::size_t shotLine = 0;
-    std::string receiverCount = {};
+    std::string receiverCount = {}; ///< of the shot that is being read
     std::uint32_t receivers = 0;
 };
 
@@ -21,6 +24,7 @@ struct Suspicion
     std::size_t line = 0; ///< 0 for none
     bool isTrailer = false;
     std::string text = {};
+    Report before = {}; ///< as it was at that line
 };
 
 /// The file as it is read, with the current line cut into fields.
@@ -46,14 +50,24 @@ std::string ending(const Progress &progress)
     return text;
 }
 
+/// Gives up what was remarked on since the suspicious line: all of it came of reading a line as
+/// what it is not.
+Place believe(const Suspicion &suspicion, Report &report)
+{
+    report.remarks = suspicion.before.remarks;
+    report.remarkCounts = suspicion.before.remarkCounts;
+    report.worst = suspicion.before.worst;
+    return {report.place.file, suspicion.line};
+}
+
 /// Reads the next line, which must have at least two fields. What goes wrong may show only long
 /// after the line that is the reason for it.
 void readTwoFields(OpenFile &file, Report &report)
 {
     const bool isThere = nextLine(file.text, file.line, report);
-    splitLine(file.line, file.fields, " ", report);
+    splitNumbers(file.line, file.fields, " ", report);
     if (file.fields.size() < 2 && file.suspicion.line != 0)
-        fail(report, {report.place.file, file.suspicion.line}, file.suspicion.text);
+        fail(report, believe(file.suspicion, report), file.suspicion.text);
     else if (!isThere)
         fail(report, ending(file.progress));
     requireFields(file.fields, 2, report);
@@ -69,7 +83,7 @@ bool isZero(const std::string &field)
 bool looksLikeShot(const std::vector<std::string> &fields)
 {
     return fields.size() >= 3 && fields[1].find_first_not_of("0123456789") == std::string::npos
-           && isZero(fields[2]);
+           && !isZero(fields[1]) && isZero(fields[2]);
 }
 
 /// The lines after the last shot, as pickers write them, hold nothing but zeros.
@@ -78,12 +92,9 @@ bool looksLikeTrailer(const std::vector<std::string> &fields)
     return fields.size() == 2 && isZero(fields[0]) && isZero(fields[1]);
 }
 
-/// Takes note of the first receiver's line that looks like none. `first` is the shot's first
-/// receiver's line: where that looks the same, it means nothing.
-void suspect(const std::vector<std::string> &first, OpenFile &file, const Report &report)
+/// Takes note of the first receiver's line that looks like none.
+void suspect(bool isShot, bool isTrailer, OpenFile &file, const Report &report)
 {
-    const bool isShot = looksLikeShot(file.fields) && !looksLikeShot(first);
-    const bool isTrailer = looksLikeTrailer(file.fields) && first.size() > 2;
     if (file.suspicion.line != 0 || (!isShot && !isTrailer))
         return;
     file.suspicion = {report.place.line, isTrailer,
@@ -91,7 +102,8 @@ void suspect(const std::vector<std::string> &first, OpenFile &file, const Report
                           + std::to_string(file.progress.shotLine) + ", says "
                           + file.progress.receiverCount + " receivers, but line "
                           + std::to_string(report.place.line) + " looks like "
-                          + (isShot ? "a shot line" : "the end of the survey")};
+                          + (isShot ? "a shot line" : "the end of the survey"),
+                      report};
 }
 
 /// Reads a shot's line and its receivers' lines into the survey.
@@ -101,7 +113,7 @@ void readShot(OpenFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Repo
     progress.receiverCount.clear();
     readTwoFields(file, report);
     progress.shotLine = report.place.line;
-    progress.receiverCount = file.fields[1];
+    progress.receiverCount = quotable(file.fields[1]);
     const double shotX = readPosition(file.fields[0], report);
     // -1 is 4294967295: the file ends before, with an error.
     const auto receiverCount = static_cast<std::uint32_t>(readInteger(file.fields[1], report));
@@ -112,12 +124,17 @@ void readShot(OpenFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Repo
 
     Spread receivers;
     std::vector<double> times;
-    std::vector<std::string> first;
+    // What the first receiver's line looks like means nothing in the others.
+    bool mayBeShot = false;
+    bool mayBeTrailer = false;
     for (progress.receivers = 0; progress.receivers < receiverCount; ++progress.receivers) {
         readTwoFields(file, report);
-        if (progress.receivers == 0)
-            first = file.fields;
-        suspect(first, file, report);
+        if (progress.receivers == 0) {
+            mayBeShot = !looksLikeShot(file.fields);
+            mayBeTrailer = file.fields.size() > 2;
+        }
+        suspect(mayBeShot && looksLikeShot(file.fields),
+                mayBeTrailer && looksLikeTrailer(file.fields), file, report);
         receivers.push_back({readPosition(file.fields[0], report), 0.0});
         times.push_back(readTime(file.fields[1], 1000.0, report));
     }
@@ -133,8 +150,7 @@ void remarkOnLinesLeft(const std::string &firstLine, OpenFile &file, Report &rep
                                "0. \t\r", report);
     const bool isSurvey = rest.firstLine == firstLine;
     if (file.suspicion.isTrailer || (file.suspicion.line != 0 && rest.lineCount > 0 && !isSurvey))
-        remark(report, RemarkKind::notRead, {report.place.file, file.suspicion.line},
-               file.suspicion.text);
+        remark(report, RemarkKind::notRead, believe(file.suspicion, report), file.suspicion.text);
     else
         remarkOnRest(rest, isSurvey, report);
 }
@@ -164,10 +180,10 @@ bool readSeisImager(const std::string &path, TraveltimeSurvey &survey, SpreadInd
         nextLine(file.text, file.line, report);
         const std::string firstLine = file.line;
         // Not used, but a line of blanks alone is refused.
-        tokenize(firstLine, file.fields, " ");
+        splitLine(firstLine, file.fields, " ", report);
         readTwoFields(file, report);
         const std::int32_t shotCount = readInteger(file.fields[1], report);
-        file.progress.shotCount = file.fields[1];
+        file.progress.shotCount = quotable(file.fields[1]);
         if (shotCount <= 0)
             remark(report, RemarkKind::noShots, "there are no shots in this file");
 

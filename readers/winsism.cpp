@@ -3,69 +3,90 @@
 
 #include "readers/winsism.h"
 
+#include "traveltime/fields.h"
+#include "traveltime/text.h"
+
+#include <algorithm>
 #include <map>
+#include <utility>
 
 namespace {
 
-/// A heading with its line of numbers (integers modulo 2^32) and its line of values.
+/// The file as it is read.
+struct OpenFile
+{
+    std::ifstream stream;
+    std::string heading = {}; ///< of the section that is being read
+};
+
+/// The line of numbers (integers modulo 2^32) of a section, and its line of values.
 struct Section
 {
-    std::string heading;
-    std::vector<std::uint32_t> numbers;
-    std::vector<double> values;
+    Place numbersPlace = {};
+    std::vector<std::uint32_t> numbers = {};
+    std::vector<double> values = {};
 };
 
 /// Fails with the line that the window prints, after the detail that it does not.
-bool refuse(const std::string &detail, const std::string &message, const std::string &heading,
+bool refuse(const std::string &detail, const std::string &message, const OpenFile &file,
             Report &report)
 {
-    print(report, message + heading);
-    return fail(report, detail + ": " + message + heading);
+    print(report, message + file.heading);
+    const std::string ending = report.place.line == 0 ? "the file is empty: " : "the file ends: ";
+    return fail(report, (file.stream ? "" : ending) + detail + ": " + message + file.heading);
 }
 
-void readNextLine(std::istream &stream, std::string &line, Report &report)
+void readNextLine(OpenFile &file, std::string &line, Report &report)
 {
-    readLine(stream, line);
-    report.place.line += stream ? 1 : 0;
-    if (stream.bad())
+    readLine(file.stream, line);
+    report.place.line += file.stream ? 1 : 0;
+    if (file.stream.bad())
         fail(report, "the file cannot be read to its end", Window::goesOn);
 }
 
-void readFields(std::istream &stream, std::vector<std::string> &fields, Report &report)
+void readFields(OpenFile &file, std::vector<std::string> &fields, Report &report)
 {
     std::string line;
-    readNextLine(stream, line, report);
+    readNextLine(file, line, report);
     splitLine(line, fields, " ", report);
 }
 
-bool readHeading(std::istream &stream, const std::string &expected, std::string &heading,
-                 Report &report)
+bool readHeading(OpenFile &file, const std::string &expected, Report &report)
 {
-    readNextLine(stream, heading, report);
-    if (heading == expected)
-        return true;
-    return refuse((stream ? "\"" : "the file ends where \"") + expected + "\" is expected",
-                  "Invalid header : ", heading, report);
+    readNextLine(file, file.heading, report);
+    return file.heading == expected
+           || refuse('"' + expected + "\" is expected", "Invalid header : ", file, report);
 }
 
-bool readSection(std::istream &stream, const std::string &expected, Section &section,
-                 Report &report)
+/// Remarks on the first number that is listed more than once.
+void remarkOnRepeats(std::vector<std::uint32_t> numbers, Report &report)
+{
+    std::sort(numbers.begin(), numbers.end());
+    const auto repeat = std::adjacent_find(numbers.begin(), numbers.end());
+    if (repeat != numbers.end())
+        remark(report, RemarkKind::numbering,
+               "number " + std::to_string(*repeat)
+                   + " is listed more than once: its last value counts");
+}
+
+bool readSection(OpenFile &file, const std::string &expected, Section &section, Report &report)
 {
     section = {};
-    if (!readHeading(stream, expected, section.heading, report))
+    if (!readHeading(file, expected, report))
         return false;
     std::vector<std::string> numbers;
     std::vector<std::string> values;
-    readFields(stream, numbers, report);
-    const Place numbersPlace = report.place;
-    readFields(stream, values, report);
+    readFields(file, numbers, report);
+    section.numbersPlace = report.place;
+    readFields(file, values, report);
     if (numbers.size() != values.size())
         return refuse(counted(numbers.size(), "number") + " and " + counted(values.size(), "value"),
-                      "Invalid match : ", section.heading, report);
-    const Place valuesPlace = std::exchange(report.place, numbersPlace);
+                      "Invalid match : ", file, report);
+    std::swap(report.place, section.numbersPlace);
     for (const std::string &number : numbers)
         section.numbers.push_back(static_cast<std::uint32_t>(readInteger(number, report)));
-    report.place = valuesPlace;
+    remarkOnRepeats(section.numbers, report);
+    std::swap(report.place, section.numbersPlace);
     for (const std::string &value : values)
         section.values.push_back(readPosition(value, report));
     return true;
@@ -73,16 +94,12 @@ bool readSection(std::istream &stream, const std::string &expected, Section &sec
 
 /// The first section of shots or receivers makes the table: its values are their first coordinate.
 template <typename Entry>
-void begin(std::map<std::uint32_t, Entry> &table, double Entry::*coordinate, const Section &section,
-           Report &report)
+std::map<std::uint32_t, Entry> begin(double Entry::*coordinate, const Section &section)
 {
-    for (std::size_t i = 0; i < section.numbers.size(); ++i) {
-        if (!table.try_emplace(section.numbers[i]).second)
-            remark(report, RemarkKind::numbering,
-                   "number " + std::to_string(section.numbers[i])
-                       + " is listed twice: its last value counts");
+    std::map<std::uint32_t, Entry> table;
+    for (std::size_t i = 0; i < section.numbers.size(); ++i)
         table[section.numbers[i]].*coordinate = section.values[i];
-    }
+    return table;
 }
 
 /// The second section gives the entries their other coordinate. It must have as many numbers as the
@@ -91,35 +108,34 @@ void begin(std::map<std::uint32_t, Entry> &table, double Entry::*coordinate, con
 template <typename Entry>
 bool complete(std::map<std::uint32_t, Entry> &table, double Entry::*coordinate,
               const Section &section, const std::string &countMessage,
-              const std::string &numberMessage, Report &report)
+              const std::string &numberMessage, const OpenFile &file, Report &report)
 {
-    --report.place.line; // what can be wrong now is the line of numbers, before the values
+    const Place valuesPlace = std::exchange(report.place, section.numbersPlace);
     if (section.numbers.size() != table.size())
         return refuse(counted(section.numbers.size(), "number") + ", "
                           + std::to_string(table.size()) + " expected",
-                      countMessage, section.heading, report);
+                      countMessage, file, report);
     for (std::size_t i = 0; i < section.numbers.size(); ++i) {
         const auto entry = table.find(section.numbers[i]);
         if (entry == table.end())
             return refuse(std::to_string(section.numbers[i]) + " is not listed above",
-                          numberMessage, section.heading, report);
+                          numberMessage, file, report);
         entry->second.*coordinate = section.values[i];
     }
-    ++report.place.line;
+    report.place = valuesPlace;
     return true;
 }
 
-bool readTimes(std::istream &stream, TraveltimeSurvey &survey, Report &report)
+bool readTimes(OpenFile &file, TraveltimeSurvey &survey, Report &report)
 {
-    std::string heading;
-    if (!readHeading(stream, "FBP times", heading, report))
+    if (!readHeading(file, "FBP times", report))
         return false;
     std::vector<std::string> fields;
     for (const Shot &shot : survey.shots) {
-        readFields(stream, fields, report);
+        readFields(file, fields, report);
         if (fields.size() != survey.spreads.size())
             return refuse(counted(fields.size(), "time") + " in a line that must be empty",
-                          "Invalid times : ", heading, report);
+                          "Invalid times : ", file, report);
         const auto shotIndex = static_cast<std::uint32_t>(survey.traveltimes.size());
         ShotTraveltimes &record = survey.traveltimes.emplace_back(
             ShotTraveltimes{0, shotIndex, shot.x, shot.elevation, {}});
@@ -129,28 +145,26 @@ bool readTimes(std::istream &stream, TraveltimeSurvey &survey, Report &report)
     return true;
 }
 
-bool readSections(std::istream &stream, TraveltimeSurvey &survey, Report &report)
+bool readSections(OpenFile &file, TraveltimeSurvey &survey, Report &report)
 {
     Section section;
-    std::map<std::uint32_t, Shot> shots;
-    if (!readSection(stream, "Shot number, Shot elevation", section, report))
+    if (!readSection(file, "Shot number, Shot elevation", section, report))
         return false;
-    begin(shots, &Shot::elevation, section, report);
-    if (!readSection(stream, "Shot number, Shot distance", section, report)
-        || !complete(shots, &Shot::x, section,
-                     "Invalid shot ids : ", "Invalid shot ids : ", report))
+    std::map<std::uint32_t, Shot> shots = begin(&Shot::elevation, section);
+    if (!readSection(file, "Shot number, Shot distance", section, report)
+        || !complete(shots, &Shot::x, section, "Invalid shot ids : ", "Invalid shot ids : ", file,
+                     report))
         return false;
     for (const auto &[number, shot] : shots)
         survey.shots.push_back(shot);
 
-    std::map<std::uint32_t, ReceiverPosition> receivers;
-    if (!readSection(stream, "Receiver number, receiver distance", section, report))
+    if (!readSection(file, "Receiver number, receiver distance", section, report))
         return false;
-    begin(receivers, &ReceiverPosition::x, section, report);
-    if (!readSection(stream, "Receiver number, receiver elevation", section, report)
+    std::map<std::uint32_t, ReceiverPosition> receivers = begin(&ReceiverPosition::x, section);
+    if (!readSection(file, "Receiver number, receiver elevation", section, report)
         || !complete(receivers, &ReceiverPosition::elevation, section,
-                     "Invalid phone list : ", "Invalid phone ids : ", report)
-        || !readTimes(stream, survey, report))
+                     "Invalid phone list : ", "Invalid phone ids : ", file, report)
+        || !readTimes(file, survey, report))
         return false;
     // Only now, so that the lines of times were compared with no spread.
     Spread &spread = survey.spreads.emplace_back();
@@ -159,14 +173,14 @@ bool readSections(std::istream &stream, TraveltimeSurvey &survey, Report &report
     return true;
 }
 
-void remarkOnLinesLeft(std::istream &stream, Report &report)
+void remarkOnLinesLeft(OpenFile &file, Report &report)
 {
     const Rest rest = readRest(
         [&](std::string &line) {
-            readNextLine(stream, line, report);
-            return static_cast<bool>(stream);
+            readNextLine(file, line, report);
+            return static_cast<bool>(file.stream);
         },
-        "\t\r", report);
+        " \t\r", report);
     remarkOnRest(rest, rest.firstLine == "Shot number, Shot elevation", report);
 }
 
@@ -188,10 +202,12 @@ bool readWinsism(const std::string &path, TraveltimeSurvey &survey, Report &repo
     survey.traveltimes.clear();
     report.place = {path};
     return attempt(report, [&] {
-        std::ifstream stream = openText(path);
-        if (!stream)
-            refuse("no such file, or no permission", "Cannot open file ", path, report);
-        else if (readSections(stream, survey, report))
-            remarkOnLinesLeft(stream, report);
+        OpenFile file{openText(path)};
+        if (!file.stream) {
+            print(report, "Cannot open file " + path);
+            fail(report, "the file cannot be opened");
+        } else if (readSections(file, survey, report)) {
+            remarkOnLinesLeft(file, report);
+        }
     });
 }

@@ -127,8 +127,26 @@ def winsism():
         yield "FBP times"
         yield from time_rows
     put(SAMPLES / "winsism" / "line.xyz", lines([""] * len(SHOTS)))
-    put(SAMPLES / "winsism" / "line_refused.xyz", lines(map(" ".join, MILLISECONDS)))
+    for name in ("line_refused.xyz", "line_with_times.xyz"):  # by the window, of the field command
+        put(SAMPLES / "winsism" / name, lines(map(" ".join, MILLISECONDS)))
     put_otte("winsism.otte", ELEVATIONS, SHOT_ELEVATIONS, [[]] * len(SHOTS))
+
+
+def sgt():
+    # Positions in ascending x, each once; no shot is at a geophone.
+    places = sorted({*zip(GEOPHONES, ELEVATIONS), *zip(SHOTS, SHOT_ELEVATIONS)})
+    xs = [x for x, _ in places]
+    lines = [f"{len(places)} # shot/geophone points", "#x y"]
+    lines += [f"{x:g} {float(z):g}" for x, z in places]
+    lines += [f"{len(SHOTS) * len(GEOPHONES)} # measurements", "#s g t"]
+    for shot, times in zip(SHOTS, SECONDS):
+        for geophone, time in zip(GEOPHONES, times):
+            lines.append(f"{xs.index(shot) + 1} {xs.index(geophone) + 1} {float(time):g}")
+    put(SAMPLES / "sgt" / "line.sgt", lines)
+
+
+def topography():
+    put(SAMPLES / "topography" / "topography.txt", (f"{x};{z:.1f}" for x, z in SURFACE))
 
 
 noise = random.Random(1)
@@ -223,7 +241,7 @@ def dolang():
 
 if sys.argv[1:] not in ([], ["--check"]):
     sys.exit(__doc__)
-for make in (generic, seisimager, geogiga, winsism, seismic_unix, dolang):
+for make in (generic, seisimager, geogiga, winsism, sgt, topography, seismic_unix, dolang):
     make()
 for path, content in files.items():
     if not sys.argv[1:]:

@@ -9,9 +9,9 @@ cd "$(dirname "$0")/.."
 batch=$PWD/build/convert2velarix-batch
 mkdir -p build/samples
 
-# Whether the output is newer than the command and everything of the input.
+# Whether neither the command nor anything of the input is newer than the output.
 is_current() {
-    [ "$1" -nt "$batch" ] && [ -z "$(find "$2" -newer "$1")" ]
+    [ -e "$1" ] && [ -z "$(find "$batch" "$2" -newer "$1")" ]
 }
 
 # convert OUTPUT INPUT ARGUMENT...

@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 # SPDX-License-Identifier: MIT
 
-# For ./run and ./test.
+# For ./run, ./test and the other scripts, which read this file.
+# shellcheck shell=sh
 
 # Installs the Debian packages given that are missing. Without the right to
 # install them, prints the one line to type and stops.
@@ -28,6 +29,7 @@ need_packages() {
         as_root=sudo
     fi
     echo "Installing:$missing"
+    # shellcheck disable=SC2086 # a name a word
     if ! { $as_root apt-get update -qq && $as_root env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends $missing >/dev/null; }; then
         echo "The packages could not be installed. Please type, as root:" >&2
@@ -37,11 +39,15 @@ need_packages() {
 }
 
 # Configures a preset into its folder, unless that was done here before: a folder that was moved,
-# copied or left half done is configured anew.
+# copied or left half done is configured anew. With options it is configured in any case.
 configure() {
     if ! grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$2/CMakeCache.txt" ||
         ! [ -f "$2/build.ninja" ]; then
         rm -rf "$2/CMakeCache.txt" "$2/CMakeFiles"
-        cmake --preset "$1" >/dev/null
+    elif [ $# = 2 ]; then
+        return
     fi
+    configured_preset=$1
+    shift 2
+    cmake --preset "$configured_preset" "$@" >/dev/null
 }

@@ -6,7 +6,6 @@
 #include "seg2/seg2_file.h"
 #include "traveltime/text.h"
 
-#include <algorithm>
 #include <deque>
 #include <exception>
 #include <filesystem>
@@ -87,22 +86,6 @@ std::ifstream openListing(const std::string &path)
     return stream;
 }
 
-/// Fails for a file whose own fields have wrapped around.
-void requireWithinLimits(const Seg2File &file, Report &report)
-{
-    constexpr std::size_t mostTraces = 16383;
-    if (file.tracePointers.size() > mostTraces)
-        fail(report,
-             counted(file.tracePointers.size(), "trace")
-                 + ", and a SEG2 file can point to 16383: split the record",
-             Window::goesOn);
-    else if (!std::is_sorted(file.tracePointers.begin(), file.tracePointers.end()))
-        fail(
-            report,
-            "the SEG2 file would be larger than the 4 GiB that it can point into: split the record",
-            Window::goesOn);
-}
-
 void convertOpened(std::istream &listing, std::ofstream &stream, const std::string &seg2Path,
                    std::optional<double> sourceX, const RecordSamples &samples,
                    std::ostream *progress, Report &report)
@@ -122,7 +105,10 @@ void convertOpened(std::istream &listing, std::ofstream &stream, const std::stri
     stream.close();
     if (!stream)
         failInSystem(report, seg2Path, Window::goesOn);
-    requireWithinLimits(file, report);
+    if (headers.empty())
+        fail(report, "no trace can be read back from the listing", Window::goesOn);
+    if (const std::string text = overflowOf(file); !text.empty())
+        fail(report, text, Window::goesOn);
 }
 
 } // namespace

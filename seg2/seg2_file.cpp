@@ -170,13 +170,15 @@ Seg2Trace buildTrace(const Seg2TraceHeader &header, std::vector<float> samples)
     Seg2Trace trace;
     trace.sampleCount = header.sampleCount;
     trace.dataSize = header.sampleCount * 4;
-    trace.strings["DELAY"] = number(header.delay);
-    trace.strings["DESCALING_FACTOR"] = number(header.descalingFactor);
-    trace.strings["RECEIVER_LOCATION"] =
-        location(header.receiverX, header.receiverY, header.receiverZ);
-    trace.strings["SAMPLE_INTERVAL"] = number(header.sampleInterval);
-    trace.strings["STACK"] = std::to_string(header.stackCount);
-    trace.strings["SOURCE_LOCATION"] = location(header.sourceX, header.sourceY, header.sourceZ);
+    const auto set = [&trace](const char *key, std::string value) { // in the order of the keys
+        trace.strings.emplace_hint(trace.strings.end(), key, std::move(value));
+    };
+    set("DELAY", number(header.delay));
+    set("DESCALING_FACTOR", number(header.descalingFactor));
+    set("RECEIVER_LOCATION", location(header.receiverX, header.receiverY, header.receiverZ));
+    set("SAMPLE_INTERVAL", number(header.sampleInterval));
+    set("SOURCE_LOCATION", location(header.sourceX, header.sourceY, header.sourceZ));
+    set("STACK", std::to_string(header.stackCount));
     trace.floatSamples = std::move(samples);
     return trace;
 }
@@ -246,4 +248,15 @@ std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
     writeTraces(file, traceCount, next, stream);
     file.traces.clear();
     return writePointers(file, stream);
+}
+
+std::string overflowOf(const Seg2File &file)
+{
+    constexpr std::size_t mostTraces = 16383; // by the size of their pointers
+    if (file.tracePointers.size() > mostTraces)
+        return counted(file.tracePointers.size(), "trace") + ", and a SEG2 file can point to "
+               + std::to_string(mostTraces) + ": split the record";
+    if (!std::is_sorted(file.tracePointers.begin(), file.tracePointers.end()))
+        return "traces lie beyond the 4 GiB that a SEG2 file can point into: split the record";
+    return "";
 }

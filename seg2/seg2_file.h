@@ -116,3 +116,7 @@ void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std
 
 /// Writes file.tracePointers into the room that is left for them.
 std::ostream &writePointers(const Seg2File &file, std::ostream &stream);
+
+/// Says what in a file that was written is more than its fields can hold, if anything is: the
+/// number of traces or the place of one.
+std::string overflowOf(const Seg2File &file);

@@ -5,6 +5,7 @@
 
 #include "seg2/listing.h"
 #include "seg2/progress.h"
+#include "traveltime/fields.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -52,6 +53,14 @@ void readRecord(Record &record, Report &report)
         indexSuFile(record.file, take, record.findings, report);
 }
 
+void remarkOnPositions(const Record &record, Report &report)
+{
+    remarkOnPosition(record.sourceX.value_or(0.0), report, 1);
+    std::size_t number = 0;
+    for (const ListingTrace &line : record.lines)
+        remarkOnPosition(line.receiverX, report, ++number);
+}
+
 std::uint32_t availableSamples(const Record &record, std::size_t trace, std::uint32_t count)
 {
     return trace < record.lines.size() ? std::min(count, record.lines[trace].sampleCount) : 0;
@@ -91,9 +100,10 @@ void convertRecord(Record &record, const std::string &listingPath, const std::st
     } catch (const LostTrace &lost) {
         // The record ends there, as one that is read as a whole before it is converted. Its traces
         // have been printed.
-        fail(report,
-             "trace " + std::to_string(lost.index + 1)
-                 + " cannot be read: " + record.file.errorString().toStdString(),
+        const std::string reason = record.file.error() == QFile::NoError
+                                       ? "the file has become shorter"
+                                       : record.file.errorString().toStdString();
+        fail(report, "trace " + std::to_string(lost.index + 1) + " cannot be read: " + reason,
              Window::goesOn);
         record.lines.resize(lost.index);
         if (record.lines.empty())
@@ -135,6 +145,8 @@ bool convertSu(const std::string &path, const std::string &listingPath, const st
             record.isHeld = !isReadAnywhere(record.file) || isSameFile(path, listingPath)
                             || isSameFile(path, seg2Path);
             readRecord(record, report);
+            if (!report.failure)
+                remarkOnPositions(record, report);
         }
         convertRecord(record, listingPath, seg2Path, progress, report);
         if (!report.failure)

@@ -109,14 +109,22 @@ struct FileRead
     QByteArray beginning = {}; ///< for anotherFormat
     std::size_t size = 0;      ///< bytes
     std::size_t traceCount = 0;
+    std::string error = {}; ///< of the system, which ended the reading
 };
 
-void reportOn(const FileRead &read, const QFile &file, const SuFindings &findings, Report &report)
+/// Keeps the error of a read, if there was one, which a seek would clear.
+void keepError(FileRead &read, const QFile &file)
+{
+    if (file.error() != QFile::NoError)
+        read.error = file.errorString().toStdString();
+}
+
+void reportOn(const FileRead &read, const SuFindings &findings, Report &report)
 {
     const std::size_t traceSize = suTraceSize(reader.sampleCount);
     const std::string another = anotherFormat(read.beginning, read.size);
-    if (file.error() != QFile::NoError)
-        fail(report, file.errorString().toStdString(), Window::goesOn);
+    if (!read.error.empty())
+        fail(report, read.error, Window::goesOn);
     else if (read.size == 0)
         fail(report, "the file is empty", Window::goesOn);
     else if (!another.empty())
@@ -191,6 +199,7 @@ void indexSuFile(QFile &file, const TakeSuTrace &take, SuFindings &findings, Rep
     read.size = static_cast<std::size_t>(file.size());
     const std::size_t beginningSize = std::min(read.size, suBeginningSize);
     readOn(file, read.beginning, beginningSize);
+    keepError(read, file);
     keepCounts(read.beginning);
     const std::size_t traceSize = suTraceSize(reader.sampleCount);
     // Stop: after a failed read a later one may succeed and return misplaced bytes.
@@ -201,13 +210,14 @@ void indexSuFile(QFile &file, const TakeSuTrace &take, SuFindings &findings, Rep
         header.resize(0);
         file.seek(static_cast<qint64>(read.traceCount * traceSize));
         readOn(file, header, suHeaderSize);
+        keepError(read, file);
         if (static_cast<std::size_t>(header.size()) < suHeaderSize)
             break;
         const SuHeader values = readSuHeader(header.constData(), reader.byteOrder);
         takeHeader(findings, read.traceCount, values);
         take(traceOf(values));
     }
-    reportOn(read, file, findings, report);
+    reportOn(read, findings, report);
 }
 
 void readSuFile(QFile &file, const TakeSuTrace &take, SuFindings &findings, Report &report)
@@ -235,17 +245,22 @@ void readSuFile(QFile &file, const TakeSuTrace &take, SuFindings &findings, Repo
         bytes.resize(0);
         isWhole = readTo(traceSize);
     }
-    reportOn(read, file, findings, report);
+    keepError(read, file);
+    reportOn(read, findings, report);
 }
 
 std::vector<float> readSuSamples(QFile &file, std::size_t trace, std::uint32_t count,
                                  SuFindings &findings)
 {
     reader.sampleFormat = 5;
-    std::vector<float> samples(count);
-    file.seek(static_cast<qint64>(trace * suTraceSize(reader.sampleCount) + suHeaderSize));
-    samples.resize(readFully(file, reinterpret_cast<char *>(samples.data()), 4 * samples.size())
-                   / 4);
+    // The next header is read with them, so that the samples after it need no seek.
+    std::vector<float> samples(count + suHeaderSize / sizeof(float));
+    const auto start = static_cast<qint64>(trace * suTraceSize(reader.sampleCount) + suHeaderSize);
+    if (file.pos() != start)
+        file.seek(start);
+    const std::size_t size =
+        readFully(file, reinterpret_cast<char *>(samples.data()), 4 * samples.size());
+    samples.resize(std::min<std::size_t>(count, size / 4));
     if (!samples.empty() && samples.size() == reader.sampleCount)
         samples.back() = 0.0F; // the last one of a trace does not count
     decode(samples);

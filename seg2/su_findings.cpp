@@ -127,12 +127,12 @@ void takeHeader(SuFindings &findings, std::size_t trace, const SuHeader &header)
 
 bool areFinite(const std::vector<float> &samples)
 {
-    // Without an end in the middle, so that many samples are compared at a time.
-    constexpr std::uint32_t exponent = 0x7f800000;
-    std::uint32_t odd = 0;
+    // The largest exponent is carried into the place of the sign. Without an end in the middle, so
+    // that many samples are looked at together.
+    std::uint32_t carried = 0;
     for (const float sample : samples)
-        odd |= (std::bit_cast<std::uint32_t>(sample) & exponent) == exponent ? 1 : 0;
-    return odd == 0;
+        carried |= (std::bit_cast<std::uint32_t>(sample) & 0x7fffffff) + 0x00800000;
+    return (carried & 0x80000000) == 0;
 }
 
 void takeOddSamples(SuFindings &findings, std::size_t trace, const std::vector<float> &samples)

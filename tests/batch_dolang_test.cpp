@@ -131,8 +131,7 @@ TEST(BatchDolang, ListingThatCannotBeWrittenLeavesTheKindsBefore)
 {
     const DolangSet set;
     fs::create_directory(set.path("tmp_CDT"));
-    EXPECT_EQ(set.run({"dolang", "line 1/L"}),
-              (BatchRun{1, "", "tmp_CDT: " + systemText(EISDIR) + '\n'}));
+    EXPECT_EQ(set.run({"dolang", "line 1/L"}), (BatchRun{1, "", "tmp_CDT: this is a folder\n"}));
     EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
     EXPECT_EQ(set.names(), (Names{"line 1", "tmp_ADT", "tmp_CDT"}));
 }
@@ -173,27 +172,90 @@ TEST(BatchDolang, SamplingRateOfZero)
     set.writeOlderOutputs();
     set.write("line 1/L.ADT", "\"record A\"\n2\n-\n-\n5\n3\n0\n");
     EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}),
-              (BatchRun{1, "", "line 1/L.ADT:7: sampling rate 0\n"}));
+              (BatchRun{1, "", "line 1/L.ADT:7: the sampling rate is 0\n"}));
     EXPECT_EQ(set.listing("ADT"), "older");
     EXPECT_EQ(set.seg2("ADT"), "older");
 }
 
-TEST(BatchDolang, RemarksOfEachKind)
+TEST(BatchDolang, HeadersThatAreRefusedLeaveTheKindsBefore)
 {
-    for (const std::string kind : {"A", "C", "R"}) {
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"", "line 1/L.CDT: the file is empty"},
+        {"0\n-\n-\n0\n3\n4000\n", "line 1/L.CDT:1: the number of channels is 0"},
+        {"1\n-\n-\n0\n0\n4000\n", "line 1/L.C01:1: 3 lines after the last sample: not read\n"
+                                  "line 1/L.CDT:5: the number of samples is 0"},
+        {"1\n-\n-\n0\n3\n", "line 1/L.CDT:5: the header ends before its sampling rate"},
+    };
+    for (const auto &[header, line] : cases) {
         const DolangSet set;
-        set.write("line 1/L." + kind + "01", "1\n");
-        EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}),
-                  (BatchRun{0, "",
-                            "line 1/L." + kind + "DT: line 1/L." + kind
-                                + "01 holds fewer than 3 samples: the missing ones are 0\n"}));
+        set.writeOlderOutputs();
+        set.write("line 1/L.CDT", header);
+        EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}), (BatchRun{1, "", line + '\n'}));
+        EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+        for (const std::string kind : {"CDT", "RDT"}) {
+            EXPECT_EQ(set.listing(kind), "older") << line;
+            EXPECT_EQ(set.seg2(kind), "older") << line;
+        }
     }
+}
+
+TEST(BatchDolang, Remarks)
+{
+    const std::vector<std::tuple<std::string, std::string, std::string>> cases = {
+        {"R01", "1\n",
+         "line 1/L.R01:1: the file ends after 1 of 3 samples: the missing ones are 0"},
+        {"R01", "9\n10.5\n11\n",
+         "line 1/L.R01:2: \"10.5\" is read as 10: write a whole number in digits"},
+        {"R01", "9\n10\n11\n12\n13\n", "line 1/L.R01:4: 2 lines after the last sample: not read"},
+        {"RDT", "1 channel\n-\n-\n0\n3\n4000\n",
+         "line 1/L.RDT:1: \"1 channel\" is read as 1: it is no plain number"},
+    };
+    for (const auto &[file, text, line] : cases) {
+        SCOPED_TRACE(line);
+        const DolangSet set;
+        set.writeOlderOutputs();
+        set.write("line 1/L." + file, text);
+        EXPECT_EQ(
+            set.run({"dolang", "line 1/L", "--strict"}),
+            (BatchRun{1, "",
+                      line + "\nline 1/L.RDT: nothing is made: --strict takes no remarks\n"}));
+        EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+        EXPECT_EQ(set.listing("RDT"), "older");
+        EXPECT_EQ(set.seg2("RDT"), "older");
+        EXPECT_EQ(set.run({"dolang", "line 1/L"}), (BatchRun{0, "", line + '\n'}));
+        EXPECT_EQ(parseSeg2(set.seg2("RDT")).traces.size(), 1U);
+    }
+}
+
+TEST(BatchDolang, RemarksOfEveryKindAreShown)
+{
     const DolangSet set;
-    set.write("line 1/L.ADT", "0\n");
-    set.write("line 1/L.RDT", "");
-    EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}),
-              (BatchRun{0, "", "line 1/L.ADT: no channels\nline 1/L.RDT: no channels\n"}));
-    EXPECT_EQ(parseSeg2(set.seg2("ADT")).traces.size(), 0U);
+    for (const std::string channel : {"A02", "C01", "R01"})
+        set.write("line 1/L." + channel, "1\n2\n3\n4\n");
+    EXPECT_EQ(set.run({"dolang", "line 1/L"}),
+              (BatchRun{0, "",
+                        "line 1/L.A02:4: 1 line after the last sample: not read\n"
+                        "line 1/L.C01:4: 1 line after the last sample: not read\n"
+                        "line 1/L.R01:4: 1 line after the last sample: not read\n"}));
+}
+
+TEST(BatchDolang, SetThatIsNamedByOneOfItsChannels)
+{
+    const DolangSet set;
+    for (const std::string channel : {"A01", "C01", "R01", "R123"})
+        expectRefused(
+            set, {"dolang", "line 1/L." + channel},
+            "line 1/L." + channel
+                + ": this is one channel of a set: name the set by its base, line 1/L, or "
+                  "by a header");
+    expectRefused(set, {"dolang", "line 1/L.A1"}, "line 1/L.A1.ADT: no such file");
+    expectRefused(set, {"dolang", "line 1/L.B01"}, "line 1/L.B01.ADT: no such file");
+
+    // Nobody would, but a set's base may have such a name.
+    set.write("x.A01.ADT", "1\n-\n-\n0\n1\n1000\n");
+    set.write("x.A01.A01", "7\n");
+    EXPECT_EQ(set.run({"dolang", "x.A01"}), (BatchRun{1, "", "x.A01.CDT: no such file\n"}));
+    EXPECT_EQ(onlyTrace(readFile(set.path("x.A01_ADT_dolang.seg2"))), std::vector<double>{7.0});
 }
 
 TEST(BatchDolang, EverySetIsTriedAfterOneFailed)

@@ -8,13 +8,14 @@
 #include "tests/support/faults.h"
 #include "tests/support/small_file_system.h"
 
+#include <QProcessEnvironment>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <linux/capability.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
@@ -34,24 +35,27 @@ struct RenameFault
     bool canExchange = true;
 };
 
-/// To be called in the new process before the command.
-std::function<void()> interposing(const RenameFault &fault)
+/// Runs the command in the folder with the fault.
+BatchRun runWith(const RenameFault &fault, const BatchFolder &folder,
+                 const std::vector<std::string> &arguments = {"su", "line.su"})
 {
-    return [fault] {
-        const auto set = [](const char *name, int value) {
-            setenv(name, std::to_string(value).c_str(), 1);
-        };
-        set("RENAME_CALL", fault.call);
-        set("RENAME_SIGNAL", fault.signal);
-        set("RENAME_ERROR", fault.error);
-        set("RENAME_ALL", fault.fromThereOn ? 1 : 0);
-        set("RENAME_NO_EXCHANGE", fault.canExchange ? 0 : 1);
-        setenv("LD_PRELOAD", INTERPOSED_RENAMES, 1);
-        // An address sanitizer otherwise insists on being loaded first.
-        const char *const options = std::getenv("ASAN_OPTIONS");
-        const std::string more = options == nullptr ? "" : std::string(options) + ':';
-        setenv("ASAN_OPTIONS", (more + "verify_asan_link_order=0").c_str(), 1);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const auto set = [&environment](const QString &name, int value) {
+        environment.insert(name, QString::number(value));
     };
+    set("RENAME_CALL", fault.call);
+    set("RENAME_SIGNAL", fault.signal);
+    set("RENAME_ERROR", fault.error);
+    set("RENAME_ALL", fault.fromThereOn ? 1 : 0);
+    set("RENAME_NO_EXCHANGE", fault.canExchange ? 0 : 1);
+    environment.insert("LD_PRELOAD", INTERPOSED_RENAMES);
+    // An address sanitizer otherwise insists on being loaded first.
+    environment.insert("ASAN_OPTIONS",
+                       environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    folder.start(process, arguments);
+    return finish(process);
 }
 
 /// A folder with a record and those of its outputs that are older.
@@ -64,9 +68,6 @@ struct Record : BatchFolder
         for (const std::string &name : older)
             write(name, "older");
     }
-
-    /// The command that converts it.
-    std::vector<std::string> command = {"su", "line.su"};
 
     /// Both outputs are new, and nothing else is there.
     void expectNew() const
@@ -124,8 +125,7 @@ TEST(BatchPairs, SignalRightAfterARenameFindsBothNew)
                 RenameFault fault{call, signal};
                 fault.canExchange = canExchange;
                 const bool isRefusedExchange = calls == 5 && call == 1; // which sends no signal
-                EXPECT_EQ(record.run(record.command, interposing(fault)),
-                          BatchRun{isRefusedExchange ? 0 : -signal});
+                EXPECT_EQ(runWith(fault, record), BatchRun{isRefusedExchange ? 0 : -signal});
                 record.expectNew();
             }
         }
@@ -163,7 +163,7 @@ TEST(BatchPairs, RenameThatFailsLeavesBothAsBefore)
         const Record record(older);
         RenameFault fault{call, 0, EIO};
         fault.canExchange = canExchange;
-        const BatchRun run = record.run(record.command, interposing(fault));
+        const BatchRun run = runWith(fault, record);
         if (problem.empty()) {
             EXPECT_EQ(run, BatchRun{});
             record.expectNew();
@@ -177,7 +177,7 @@ TEST(BatchPairs, RenameThatFailsLeavesBothAsBefore)
 TEST(BatchPairs, OlderListingThatCannotBePutBackIsKeptUnderAnotherName)
 {
     const Record record;
-    const BatchRun run = record.run(record.command, interposing({2, 0, EIO, true}));
+    const BatchRun run = runWith({2, 0, EIO, true}, record);
     const std::string text =
         "line.seg2: cannot be replaced: " + systemText(EIO) + "; the older line_tmp is kept as ";
     EXPECT_EQ(run.status, 1);
@@ -196,7 +196,7 @@ TEST(BatchPairs, PermissionsOfTheOlderOnes)
         fs::permissions(record.path("line.seg2"), fs::perms(0660));
         RenameFault none;
         none.canExchange = canExchange;
-        EXPECT_EQ(record.run(record.command, interposing(none)), BatchRun{});
+        EXPECT_EQ(runWith(none, record), BatchRun{});
         record.expectNew();
         EXPECT_EQ(fs::status(record.path("line_tmp")).permissions(), fs::perms(0604));
         EXPECT_EQ(fs::status(record.path("line.seg2")).permissions(), fs::perms(0660));
@@ -213,9 +213,9 @@ TEST(BatchPairs, OutputThatMayBeWrittenButNotReplaced)
         fs::permissions(record.path(output), fs::perms(0666));
         if (!giveAway(record.path("")) || !giveAway(record.path(output)))
             GTEST_SKIP() << "Files cannot be given to another user here.";
-        expectRefused(record, record.command, output + ": cannot be replaced: " + systemText(EPERM),
-                      asOneOfManyUsers);
-        EXPECT_EQ(record.run(record.command), BatchRun{}); // as root
+        expectRefused(record, {"su", "line.su"},
+                      output + ": cannot be replaced: " + systemText(EPERM), asOneOfManyUsers);
+        EXPECT_EQ(record.run({"su", "line.su"}), BatchRun{}); // as root
         record.expectNew();
     }
 }
@@ -228,7 +228,7 @@ TEST(BatchPairs, DiskThatFillsUp)
         GTEST_SKIP() << "No file system can be mounted here: " << systemText(errno);
     // The listing fits, the SEG2 file, as large as the record, does not.
     std::string header = suFile.substr(0, 240);
-    header.replace(114, 2, number(10000, 2));
+    header.replace(114, 2, inOrder(10000, 2));
     folder.write("disk/line.su", header + std::string(40000, '\0'));
     folder.write("disk/line_tmp", "older");
     folder.write("disk/line.seg2", "older");
@@ -248,7 +248,7 @@ TEST(BatchPairs, DolangKindWhoseListingCannotBeReplaced)
     folder.write("L_CDT_dolang.seg2", "older");
     // The first kind takes two calls.
     EXPECT_EQ(
-        folder.run({"dolang", "L"}, interposing({4, 0, EIO})),
+        runWith({4, 0, EIO}, folder, {"dolang", "L"}),
         (BatchRun{1, "", "L_CDT_dolang.seg2: cannot be replaced: " + systemText(EIO) + '\n'}));
     EXPECT_EQ(readFile(folder.path("L_ADT_dolang.seg2")), dolangSeg2);
     EXPECT_EQ(readFile(folder.path("tmp_CDT")), "older");

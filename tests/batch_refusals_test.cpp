@@ -142,9 +142,9 @@ TEST(BatchRefusals, GeogigaLinesThatAreRefused)
         {fileOf(geogigaLines, {{14, "SHOT_LOCATION\n"}}),
          "14: 1 field, 2 expected: invalid vector subscript"},
         {fileOf(geogigaLines, {{5, "TOTAL_NUMBER_OF_SHOTS:3\n"}}),
-         "19: the file ends after 2 of 3 shots, where \"SEISMIC_DATA_FILE_NAME\" is expected"},
+         "19: the file ends after 2 of 3 shots where \"SEISMIC_DATA_FILE_NAME\" is expected"},
         {start(geogigaLines, 13),
-         "13: the file ends after 1 of 2 shots, where \"SHOT_LOCATION\" is expected"},
+         "13: the file ends after 1 of 2 shots where \"SHOT_LOCATION\" is expected"},
     };
     for (const auto &[text, problem] : cases)
         expectTextRefused("geogiga", text, "line:" + problem);
@@ -152,10 +152,6 @@ TEST(BatchRefusals, GeogigaLinesThatAreRefused)
 
 TEST(BatchRefusals, GeogigaRowsThatAreNotFourNumbers)
 {
-    // A position that is missing in the last shot stays that of the receiver before.
-    const std::string moved =
-        "line:7: the receivers of shot 1 stand elsewhere than the last shot's: "
-        "only those are written\n";
     const std::vector<std::pair<std::string, std::string>> cases = {
         {fileOf(geogigaLines, {{10, "one 0 0.0021 1\r\n"}}),
          "line:10: receiver row 1 of 3 is not four numbers"},
@@ -163,14 +159,13 @@ TEST(BatchRefusals, GeogigaRowsThatAreNotFourNumbers)
          "line:11: receiver row 2 of 3 is not four numbers"},
         // After the last block nothing more is read that could be missed.
         {fileOf(geogigaLines, {{17, "1 x 0.0152 1\r\n"}}),
-         moved + "line:17: receiver row 1 of 3 is not four numbers"},
+         "line:17: receiver row 1 of 3 is not four numbers"},
         {fileOf(geogigaLines, {{18, "2 5 0,0081 1\r\n"}}),
-         "line:18: \"0,0081\" is read as 0: write a decimal point, no comma\n" + moved
-             + "line:18: receiver row 2 of 3 is not four numbers"},
+         "line:18: \"0,0081\" is read as 0: write a decimal point, no comma\n"
+         "line:18: receiver row 2 of 3 is not four numbers"},
         {fileOf(geogigaLines, {{19, "3 10 0.0024 one\r\n"}}),
          "line:19: receiver row 3 of 3 is not four numbers"},
-        {start(geogigaLines, 18),
-         moved + "line:18: the file ends after 1 of 2 shots and 2 of 3 receivers"},
+        {start(geogigaLines, 18), "line:18: the file ends after 1 of 2 shots and 2 of 3 receivers"},
         {fileOf(geogigaLines,
                 {{15, "NUMBER_OF_RECEIVERS: 4\n"}, {19, "3 10 0.0024 1\r\n4 15 1 1\n"}}),
          "line:20: 4 receivers after 3 in the first shot: invalid vector subscript"},
@@ -199,7 +194,7 @@ TEST(BatchRefusals, WinsismLinesThatAreRefused)
         {fileOf(winsismLines, {{11, "1 2 4\n"}}),
          "11: 4 is not listed above: Invalid phone ids : Receiver number, receiver elevation"},
         {start(winsismLines, 12),
-         "12: the file ends where \"FBP times\" is expected: Invalid header : "},
+         "12: the file ends: \"FBP times\" is expected: Invalid header : "},
         {fileOf(winsismLines, {{14, "2.1 10.5 18.7\n"}}),
          "14: 3 times in a line that must be empty: Invalid times : FBP times"},
         {fileOf(winsismLines, {{15, "7\n"}}),
@@ -214,7 +209,8 @@ TEST(BatchRefusals, SeisImagerLinesThatAreRefused)
     const std::string subscript = ": invalid vector subscript";
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"0 0 0\n", "1: the file ends before its number of shots" + subscript},
-        {fileOf(seisImagerLines, {{1, "  \n"}}), "1: invalid string position"},
+        {fileOf(seisImagerLines, {{1, "  \n"}}),
+         "1: nothing but delimiters: invalid string position"},
         {fileOf(seisImagerLines, {{2, "1\n"}}), "2: 1 field, 2 expected" + subscript},
         {fileOf(seisImagerLines, {{3, "-2.5\t3\n"}}), "3: 1 field, 2 expected" + subscript},
         {fileOf(seisImagerLines, {{5, "\n"}}), "5: 0 fields, 2 expected" + subscript},
@@ -236,7 +232,6 @@ TEST(BatchRefusals, SeisImagerReceiverLineThatIsMissing)
     // The second shot's line is read as a receiver, so that its first receiver is read as a shot.
     expectTextRefused(
         "seisimager", "0 0 0\n0 2\n-2.5 3 0\n0 2.1 1\n5 10.5 1\n12.5 3 0\n0 15.2 1\n5 8.1 1\n",
-        "line:7: \"15.2\" is read as 15: it is no plain number\n"
         "line:6: shot 1, line 3, says 3 receivers, but line 6 looks like a shot line: "
         "invalid vector subscript");
 }
@@ -268,7 +263,7 @@ TEST(BatchRefusals, SurveysWithoutShotsOrReceivers)
 TEST(BatchRefusals, BinaryFileIsQuotedInOneShortLine)
 {
     const std::string beginning =
-        "line:1: \"Shot number, Shot elevation\" is expected: Invalid header : ?[31m?";
-    expectTextRefused("winsism", "\x1b[31m\r" + std::string(5000, 'x') + "\n",
+        "line:1: \"Shot number, Shot elevation\" is expected: Invalid header : ?[31m??";
+    expectTextRefused("winsism", "\x1b[31m\r\x7f" + std::string(5000, 'x') + "\n",
                       beginning + std::string(1000 - beginning.size(), 'x') + "...");
 }

@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/batch_command.h"
-#include "tests/support/seg2_parser.h"
-#include "tests/support/small_records.h"
+#include "tests/support/convertible_files.h"
+#include "tests/support/odd_files.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bit>
 #include <cerrno>
 #include <csignal>
 #include <sys/resource.h>
@@ -19,91 +18,68 @@ namespace fs = std::filesystem;
 
 using Names = std::vector<std::string>;
 
-/// The low `size` bytes of a number, in the file's order.
-std::string inOrder(std::uint32_t number, std::size_t size, std::endian order)
-{
-    std::string text;
-    for (std::size_t i = 0; i < size; ++i)
-        text += static_cast<char>(number >> (8 * i));
-    if (order == std::endian::big)
-        std::reverse(text.begin(), text.end());
-    return text;
-}
-
-/// A trace of a Seismic Unix file: the source at 5 m, an interval of 1 ms.
-std::string suTrace(std::uint32_t receiverX, const std::vector<float> &samples,
-                    std::endian order = std::endian::little)
-{
-    std::string trace(240, '\0');
-    trace.replace(72, 4, inOrder(5, 4, order));
-    trace.replace(80, 4, inOrder(receiverX, 4, order));
-    trace.replace(114, 2, inOrder(static_cast<std::uint32_t>(samples.size()), 2, order));
-    trace.replace(116, 2, inOrder(1000, 2, order));
-    for (const float sample : samples)
-        trace += inOrder(std::bit_cast<std::uint32_t>(sample), 4, order);
-    return trace;
-}
-
-/// Two traces of three samples.
-const std::string suFile = suTrace(10, {1.5F, -2.0F, 7.0F}) + suTrace(20, {0.25F, 100.0F, 9.0F});
-
-const std::string suListing = listingHeading
-                              + "1    3      0     0.001     10      0      0\n"
-                                "2    3      0     0.001     20      0      0\n";
-
-const char suEcho[] = "TraceINDEX : 0\n1.5\n-2\n0\nTraceINDEX : 1\n0.25\n100\n0\n";
-
-const std::string suSeg2 = bytes("55 3A 00 00 08 00 02 00 01 00 20 01 0A 20 " + blanks18 // 0
-                                 + "54 00 00 00 F8 00 00 00 "                            // 32
-                                 + fileStrings
-                                 + "'  ' " // 40
-                                 // 84
-                                 + "22 44 98 00 0C 00 00 00 03 00 00 00 04 " + blanks19
-                                 + "0A 00 'DELAY 0' 00 "
-                                   "15 00 'DESCALING_FACTOR 1' 00 "
-                                   "1B 00 'RECEIVER_LOCATION 10 0 0' 00 "
-                                   "18 00 'SAMPLE_INTERVAL 0.001' 00 "
-                                   "18 00 'SOURCE_LOCATION 5 0 0' 00 "
-                                   "0A 00 'STACK 1' 00 "
-                                   "00 00 '  ' "
-                                   "00 00 C0 3F  00 00 00 C0  00 00 00 00 "
-                                 // 248
-                                 + "22 44 98 00 0C 00 00 00 03 00 00 00 04 " + blanks19
-                                 + "0A 00 'DELAY 0' 00 "
-                                   "15 00 'DESCALING_FACTOR 1' 00 "
-                                   "1B 00 'RECEIVER_LOCATION 20 0 0' 00 "
-                                   "18 00 'SAMPLE_INTERVAL 0.001' 00 "
-                                   "18 00 'SOURCE_LOCATION 5 0 0' 00 "
-                                   "0A 00 'STACK 1' 00 "
-                                   "00 00 '  ' "
-                                   "00 00 80 3E  00 00 C8 42  00 00 00 00");
+const char suEcho[] = "TraceINDEX : 0\n1\n-2\n0\nTraceINDEX : 1\n0.5\n4\n0\n";
 
 /// A folder with a record and its older outputs.
 struct OlderRecord : BatchFolder
 {
-    explicit OlderRecord(const std::string &su = suFile)
+    explicit OlderRecord(const std::string &record = suFile)
     {
-        write("line.su", su);
+        write("line.su", record);
         write("line.seg2", "older record");
         write("line_tmp", "older listing");
     }
 };
 
-/// Expects that the record does not convert, for the reason told in one line, and that its older
-/// outputs stay.
-void expectRefused(const BatchFolder &folder, const std::string &reason,
-                   const std::function<void()> &inChild = {})
+/// Expects that the record is refused with the line, and that its older outputs stay.
+void expectRecordRefused(const OlderRecord &folder, const std::string &line,
+                         const std::function<void()> &inChild = {})
 {
-    const Names before = folder.names();
-    EXPECT_EQ(folder.run({"su", "line.su"}, inChild), (BatchRun{1, "", reason + '\n'}));
-    EXPECT_EQ(readFile(folder.path("line.seg2")), "older record") << reason;
-    EXPECT_EQ(readFile(folder.path("line_tmp")), "older listing") << reason;
-    EXPECT_EQ(folder.names(), before);
+    expectRefused(folder, {"su", "line.su"}, line, inChild);
 }
 
-bool isUnfinished(const std::string &name)
+/// Expects that the record converts with the line on the standard error stream, and that it is
+/// refused with --strict, after the same line.
+void expectRemark(const std::string &record, const std::string &line)
 {
-    return name.find(".part-") != std::string::npos;
+    SCOPED_TRACE(line);
+    const OlderRecord folder(record);
+    expectRefused(folder, {"su", "line.su", "--strict"},
+                  line + "\nline.su: nothing is made: --strict takes no remarks");
+    EXPECT_EQ(folder.run({"su", "line.su"}), (BatchRun{0, "", line + '\n'}));
+    EXPECT_EQ(folder.names(), (Names{"line.seg2", "line.su", "line_tmp"}));
+    EXPECT_NE(readFile(folder.path("line_tmp")), "older listing");
+    EXPECT_TRUE(readFile(folder.path("line.seg2")).starts_with("\x55\x3a"));
+}
+
+constexpr std::size_t secondTrace = 252; // where it begins
+
+/// The record with the bytes from `at` on replaced.
+std::string with(std::size_t at, const std::string &bytes, std::string record = suFile)
+{
+    return record.replace(at, bytes.size(), bytes);
+}
+
+/// A record of one trace of this many samples, all 0.
+std::string oneLongTrace(std::uint32_t samples)
+{
+    return with(114, inOrder(samples, 2), suFile.substr(0, 240)) + std::string(4 * samples, '\0');
+}
+
+/// Two traces of three samples in the other byte order.
+std::string bigEndianFile()
+{
+    std::string trace(252, '\0');
+    trace[29] = 1; // the trace's kind
+    trace[115] = 3;
+    trace[117] = 100;
+    return trace + trace;
+}
+
+/// The name of an output that is not in its place yet.
+bool isPart(const std::string &name)
+{
+    return name.starts_with(".convert2velarix-part-");
 }
 
 } // namespace
@@ -116,6 +92,7 @@ TEST(BatchSeismicUnix, RecordAndListing)
     EXPECT_EQ(readFile(folder.path("line_tmp")), suListing);
     EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
     EXPECT_EQ(folder.names(), (Names{"line.seg2", "line.su", "line_tmp"}));
+    EXPECT_EQ(folder.run({"su", "line.su", "--strict"}), BatchRun{});
 }
 
 TEST(BatchSeismicUnix, OutputsLieBesideTheInput)
@@ -134,16 +111,6 @@ TEST(BatchSeismicUnix, OutputsLieBesideTheInput)
     EXPECT_EQ(elsewhere.names(), (Names{"line", "line.seg2", "line_tmp"}));
 }
 
-TEST(BatchSeismicUnix, OlderRecordIsReplacedAndKeepsItsPermissions)
-{
-    const OlderRecord folder;
-    fs::permissions(folder.path("line.seg2"), fs::perms(0604));
-    EXPECT_EQ(folder.run({"su", "line.su"}), BatchRun{});
-    EXPECT_EQ(readFile(folder.path("line_tmp")), suListing);
-    EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
-    EXPECT_EQ(fs::status(folder.path("line.seg2")).permissions(), fs::perms(0604));
-}
-
 TEST(BatchSeismicUnix, EveryRecordIsTriedAfterOneFailed)
 {
     const BatchFolder folder;
@@ -153,7 +120,7 @@ TEST(BatchSeismicUnix, EveryRecordIsTriedAfterOneFailed)
     EXPECT_EQ(folder.run({"su", "a.su", "b.su", "empty.su", "d.su"}),
               (BatchRun{1, "",
                         "b.su: no such file\n"
-                        "empty.su: no trace found: the file is empty\n"}));
+                        "empty.su: the file is empty\n"}));
     EXPECT_EQ(readFile(folder.path("a.seg2")), suSeg2);
     EXPECT_EQ(readFile(folder.path("d.seg2")), suSeg2);
     EXPECT_EQ(folder.names(),
@@ -164,48 +131,84 @@ TEST(BatchSeismicUnix, ProgressOfTheConversionOnlyWithEcho)
 {
     const BatchFolder folder;
     folder.write("a.su", suFile);
-    folder.write("b.su", suTrace(0, {3.0F, 1.0F}));
+    folder.write("b.su", suFile.substr(0, secondTrace));
     EXPECT_EQ(folder.run({"su", "a.su", "b.su"}), BatchRun{});
     EXPECT_EQ(folder.run({"su", "--echo", "a.su", "b.su"}),
               (BatchRun{0, std::string("opening su file a.su\n") + suEcho
-                               + "opening su file b.su\nTraceINDEX : 0\n3\n0\n"}));
+                               + "opening su file b.su\nTraceINDEX : 0\n1\n-2\n0\n"}));
 }
 
-TEST(BatchSeismicUnix, FilesThatHoldNoTrace)
+TEST(BatchSeismicUnix, FilesThatAreNoRecords)
 {
-    const std::vector<float> samples = {1.0F, 2.0F, 3.0F, 4.0F};
-    const std::string bigEndian = suTrace(10, samples, std::endian::big);
+    const std::string bigEndian =
+        "the file is big-endian (2 traces of 252 bytes): swap the bytes of every number first, as "
+        "docs/formats/seismic_unix.md shows";
     const std::vector<std::pair<std::string, std::string>> cases = {
-        {"", "no trace found: the file is empty"},
-        {suFile.substr(0, 250), "no trace found: 250 bytes are no whole number of traces of 252 "
-                                "bytes"},
-        {std::string(7, 'x'), "no trace found: 7 bytes are no whole number of traces of 240 bytes"},
-        {bigEndian + bigEndian,
-         "no trace found: 512 bytes are no whole number of traces of 4336 bytes; the file is "
-         "big-endian: 2 traces of 256 bytes"},
-        // Large enough for a trace as it would be read.
-        {[&] {
-             std::string text;
-             for (int i = 0; i < 17; ++i)
-                 text += bigEndian;
-             return text;
-         }(),
-         "4352 bytes are no whole number of traces of 4336 bytes; the file is big-endian: 17 "
-         "traces of 256 bytes"},
+        {"", "the file is empty"},
+        {suFile.substr(0, 250), "no whole trace: the file has 250 bytes, a trace 252"},
+        {std::string(7, 'x'), "no whole trace: the file has 7 bytes, a trace 240"},
+        {with(114, inOrder(0, 2), suFile), "the header of trace 1 says 0 samples"},
+        {bigEndianFile(), bigEndian},
+        {bigEndianFile() + "damaged", bigEndian},
+        {suSeg2, "this is a SEG2 file, no Seismic Unix file: it needs no conversion"},
+        {"C" + std::string(3199, ' ') + std::string(25, '\0') + '\5' + std::string(400, '\0'),
+         "this is a SEG-Y file: save it as Seismic Unix, little-endian"},
     };
     for (const auto &[text, reason] : cases)
-        expectRefused(OlderRecord(text), "line.su: " + reason);
+        expectRecordRefused(OlderRecord(text), "line.su: " + reason);
 }
 
-TEST(BatchSeismicUnix, BytesBehindTheLastTraceAreRemarkedOn)
+TEST(BatchSeismicUnix, MoreTracesThanASeg2FileCanPointTo)
 {
-    const BatchFolder folder;
-    folder.write("line.su", suFile + "12345");
-    EXPECT_EQ(folder.run({"su", "line.su"}),
-              (BatchRun{0, "",
-                        "line.su: 509 bytes are no whole number of traces of 252 bytes: the last 5 "
-                        "are left out\n"}));
-    EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
+    const OlderRecord folder(repeated(suFile, 8192)); // 16,384 traces
+    expectRecordRefused(folder, "line.su: 16384 traces, and a SEG2 file can point to 16383: split "
+                                "the record");
+    folder.write("line.su", repeated(suFile, 8192).substr(secondTrace));
+    EXPECT_EQ(folder.run({"su", "line.su", "--strict"}), (BatchRun{0, "", ""}));
+}
+
+TEST(BatchSeismicUnix, PositionsAndTimesThatAreLost)
+{
+    expectRemark(with(secondTrace + 70, "\x9c\xff", with(70, "\x9c\xff")),
+                 "line.su: trace 1 and 1 more: the coordinate scalar -100 makes the positions 0; "
+                 "give them in whole metres, with the scalar 1");
+    expectRemark(
+        with(secondTrace + 72, inOrder(200, 4)),
+        "line.su: trace 2: the source is at 2000, that of trace 1 at 1000, which is written "
+        "for all; split the record");
+    expectRemark(with(108, inOrder(20, 2)), "line.su: trace 1: the delay of 20 ms becomes 0");
+    expectRemark(with(40, inOrder(7, 4)), "line.su: trace 1: the elevations become 0");
+    expectRemark(with(secondTrace + 44, inOrder(7, 4)),
+                 "line.su: trace 2: the elevations become 0");
+    expectRemark(with(84, inOrder(7, 4)), "line.su: trace 1: the y coordinates become 0");
+}
+
+TEST(BatchSeismicUnix, TracesThatDifferAndSamplesThatAreNone)
+{
+    expectRemark(with(secondTrace + 114, inOrder(4, 2)),
+                 "line.su: trace 2: 4 samples, but trace 1 has 3, and all are read like it");
+    expectRemark(with(secondTrace + 116, inOrder(500, 2)),
+                 "line.su: trace 2: an interval of 500 microseconds, but trace 1 has 250, which is "
+                 "written for all");
+    expectRemark(with(116, inOrder(0, 2), with(secondTrace + 116, inOrder(0, 2))),
+                 "line.su: trace 1: the sample interval is 0");
+    expectRemark(with(secondTrace + 244, inOrder(0x7f800000, 4)),
+                 "line.su: trace 2: sample 2 is not a finite number");
+    expectRemark(suFile + "12345", "line.su: 5 bytes after the last whole trace: not read");
+}
+
+TEST(BatchSeismicUnix, StrictRefusesARecordAndConvertsTheNext)
+{
+    const OlderRecord folder(suFile + "1");
+    folder.write("next.su", suFile);
+    EXPECT_EQ(folder.run({"su", "line.su", "next.su", "--strict"}),
+              (BatchRun{1, "",
+                        "line.su: 1 byte after the last whole trace: not read\n"
+                        "line.su: nothing is made: --strict takes no remarks\n"}));
+    EXPECT_EQ(readFile(folder.path("line.seg2")), "older record");
+    EXPECT_EQ(readFile(folder.path("line_tmp")), "older listing");
+    EXPECT_EQ(readFile(folder.path("next.seg2")), suSeg2);
+    EXPECT_EQ(readFile(folder.path("next_tmp")), suListing);
 }
 
 TEST(BatchSeismicUnix, InputsThatCannotBeRead)
@@ -218,6 +221,20 @@ TEST(BatchSeismicUnix, InputsThatCannotBeRead)
     EXPECT_EQ(folder.run({"dolang", "L.ADT", "missing"}),
               (BatchRun{1, "", "L.ADT: this is a folder\nmissing.ADT: no such file\n"}));
     EXPECT_EQ(folder.names(), (Names{"L.ADT", "folder.su"}));
+    fs::create_symlink("loop", folder.path("loop"));
+    expectRefused(folder, {"su", "loop"}, "loop: " + systemText(ELOOP));
+}
+
+TEST(BatchSeismicUnix, WorkingFolderThatIsGone)
+{
+    const BatchFolder folder;
+    folder.write("line.su", suFile);
+    QProcess process;
+    process.setWorkingDirectory(QString::fromStdString(folder.path("")));
+    process.start("sh", {"-c", "mkdir gone && cd gone && rmdir ../gone && \"$0\" su a.su \"$1\"",
+                         BATCH_COMMAND, QString::fromStdString(folder.path("line.su"))});
+    EXPECT_EQ(finish(process), (BatchRun{1, "", "a.su: no such file\n"}));
+    EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
 }
 
 TEST(BatchSeismicUnix, InputThatIsItsOwnOutputIsRefused)
@@ -227,34 +244,25 @@ TEST(BatchSeismicUnix, InputThatIsItsOwnOutputIsRefused)
     folder.write("y_tmp", suFile);
     fs::create_symlink("x.seg2", folder.path("x.su"));
     fs::create_hard_link(folder.path("y_tmp"), folder.path("y.su"));
-    const Names before = folder.names();
-    for (const std::string input : {"x.seg2", "./x.seg2", "x.su", "y.su"}) {
-        EXPECT_EQ(folder.run({"su", input}),
-                  (BatchRun{1, "", input + ": the output would replace this input\n"}));
-        EXPECT_EQ(readFile(folder.path(input)), suFile);
-        EXPECT_EQ(folder.names(), before) << input;
-    }
+    for (const std::string input : {"x.seg2", "./x.seg2", "x.su", "y.su"})
+        expectRefused(folder, {"su", input}, input + ": the output would replace this input");
 }
 
-TEST(BatchSeismicUnix, OutputsThatCannotBeWritten)
+TEST(BatchSeismicUnix, OutputsThatAreFolders)
 {
-    const std::string folderText = ": " + systemText(EISDIR) + '\n';
     for (const std::string output : {"line.seg2", "line_tmp"}) {
         const BatchFolder folder;
         folder.write("line.su", suFile);
         fs::create_directory(folder.path(output));
-        EXPECT_EQ(folder.run({"su", "line.su"}), (BatchRun{1, "", output + folderText}));
-        EXPECT_EQ(folder.names().size(), 2U) << output;
+        expectRefused(folder, {"su", "line.su"}, output + ": this is a folder");
     }
 }
 
 TEST(BatchSeismicUnix, RecordThatMayNotGrowKeepsTheOlderOne)
 {
-    const OlderRecord folder(suTrace(10, std::vector<float>(10000, 1.0F)));
-    expectRefused(folder, "line.seg2: " + systemText(EFBIG), [] {
+    expectRecordRefused(OlderRecord(oneLongTrace(10000)), "line.seg2: " + systemText(EFBIG), [] {
         const rlimit limit = {4096, 4096};
         setrlimit(RLIMIT_FSIZE, &limit);
-        signal(SIGXFSZ, SIG_IGN);
     });
 }
 
@@ -262,14 +270,14 @@ TEST(BatchSeismicUnix, InterruptWhileConverting)
 {
     for (const int signal : {SIGINT, SIGTERM}) {
         SCOPED_TRACE(signal);
-        const OlderRecord folder(suTrace(10, std::vector<float>(60000, 1.0F)));
+        const OlderRecord folder(oneLongTrace(60000));
         const Names before = folder.names();
         QProcess process;
         folder.start(process, {"su", "--echo", "line.su"});
         // The samples are more than a pipe holds: the command waits until they are read.
         EXPECT_TRUE(waitUntil([&] {
             const Names names = folder.names();
-            return std::count_if(names.begin(), names.end(), isUnfinished) == 2;
+            return std::count_if(names.begin(), names.end(), isPart) == 2;
         }));
         sendSignal(process, signal);
         EXPECT_EQ(finish(process).status, -signal);
@@ -281,7 +289,7 @@ TEST(BatchSeismicUnix, InterruptWhileConverting)
 
 TEST(BatchSeismicUnix, ReaderOfTheEchoThatGoesAway)
 {
-    const OlderRecord folder(suTrace(10, std::vector<float>(60000, 1.0F)));
+    const OlderRecord folder(oneLongTrace(60000));
     const Names before = folder.names();
     QProcess shell;
     shell.setWorkingDirectory(QString::fromStdString(folder.path("")));
@@ -314,7 +322,7 @@ TEST(BatchSeismicUnix, TwoRecordsWithOneOutputAreNotBothConverted)
 {
     const BatchFolder folder;
     folder.write("line.su", suFile);
-    folder.write("line.dat", suTrace(30, {1.0F, 2.0F}));
+    folder.write("line.dat", suFile.substr(secondTrace));
     EXPECT_EQ(folder.run({"su", "line.su", "line.dat"}),
               (BatchRun{1, "", "line.dat: the output would replace that of an input before\n"}));
     EXPECT_EQ(readFile(folder.path("line.seg2")), suSeg2);
@@ -325,10 +333,11 @@ TEST(BatchSeismicUnix, TwoRecordsWithOneOutputAreNotBothConverted)
 
 TEST(BatchSeismicUnix, EchoThatCannotBeWrittenIsAFailure)
 {
-    const BatchFolder folder;
-    folder.write("line.su", suFile);
+    const OlderRecord folder;
     QProcess process;
     process.setStandardOutputFile("/dev/full");
     folder.start(process, {"su", "line.su", "--echo"});
     EXPECT_EQ(finish(process), (BatchRun{1, "", "standard output: cannot be written\n"}));
+    EXPECT_EQ(readFile(folder.path("line.seg2")), "older record");
+    EXPECT_EQ(readFile(folder.path("line_tmp")), "older listing");
 }

@@ -1,104 +1,21 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "app/convert2velarix_dialog.h"
-#include "tests/support/support.h"
-#include "tests/support/window.h"
+#include "tests/support/converter_window.h"
+#include "tests/support/filters.h"
 
 #include <QCheckBox>
-#include <QDir>
-#include <QFileDialog>
 #include <QTest>
 #include <QToolBox>
 
-#include <memory>
-
 namespace {
 
-const QString generic = "Generic text file (*.txt)";
-const QString seisImager = "SeisImager traveltimes (*.vs)";
-const QString geogiga = "Geogiga text file (*.txt)";
-const QString winsism = "Geo2X Winsism XYZ file (*.xyz)";
-const QString su = "Seismic Unix (*.su)";
-const QString dolang = "Dolang seismic file (*.*DT  )";
-const QString allFiles = "All Files (*)";
-
-/// The answer that notes what a file dialog shows, and cancels.
-Answer lookAround()
-{
-    return [](QDialog &window) {
-        auto *const dialog = qobject_cast<QFileDialog *>(&window);
-        if (dialog == nullptr)
-            return note("no file dialog");
-        const QFileDialog::FileMode mode = dialog->fileMode();
-        note("caption: " + dialog->windowTitle());
-        note(QString("mode: ")
-             + (dialog->acceptMode() == QFileDialog::AcceptSave ? "save " : "open ")
-             + (mode == QFileDialog::ExistingFiles  ? "several"
-                : mode == QFileDialog::ExistingFile ? "one"
-                : mode == QFileDialog::AnyFile      ? "any"
-                                                    : "another"));
-        note("filters: " + dialog->nameFilters().join(";;"));
-        note("filter: " + dialog->selectedNameFilter());
-        if (dialog->directory() != QDir(QDir::homePath()))
-            note("folder: " + dialog->directory().path());
-        if (dialog->parent() == nullptr
-            || dialog->parent()->objectName() != "Convert2VelarixDialog")
-            note("another parent");
-        if (dialog->options() != QFileDialog::Options())
-            note("options");
-        if (!dialog->defaultSuffix().isEmpty())
-            note("suffix: " + dialog->defaultSuffix());
-        window.reject();
-    };
-}
-
-struct Button
-{
-    const char *page;
-    const char *button;
-    const char *ticked; ///< a check box to click first
-    QStringList seen;
-};
-
-const Button buttons[] = {
-    {"page_3",
-     "browseInputButton_3",
-     nullptr,
-     {"caption: Input file", "mode: open several",
-      "filters: Generic text file (*.txt);;All Files (*)", "filter: Generic text file (*.txt)"}},
-    {"page",
-     "browseInputButton",
-     nullptr,
-     {"caption: Input file", "mode: open one",
-      "filters: SeisImager traveltimes (*.vs);;Geogiga text file (*.txt);;Geo2X Winsism XYZ file "
-      "(*.xyz);;All Files (*)",
-      "filter: Geogiga text file (*.txt)"}},
-    {"page",
-     "browseInputButton",
-     "multiTTFiles",
-     {"caption: Input file", "mode: open several",
-      "filters: SeisImager traveltimes (*.vs);;Geogiga text file (*.txt);;Geo2X Winsism XYZ file "
-      "(*.xyz);;All Files (*)",
-      "filter: Geogiga text file (*.txt)"}},
-    {"page_2",
-     "pushButton",
-     nullptr,
-     {"caption: Input file", "mode: open one",
-      "filters: Seismic Unix (*.su);;Dolang seismic file (*.*DT );;All Files (*)",
-      "filter: Seismic Unix (*.su)"}},
-    {"page_3",
-     "browseOutputButton_3",
-     nullptr,
-     {"caption: OTTE File", "mode: save any",
-      "filters: Opent traveltime exchange format (*.otte);;All Files (*)",
-      "filter: Opent traveltime exchange format (*.otte)"}},
-    {"page",
-     "browseOutputButton",
-     nullptr,
-     {"caption: OTTE File", "mode: save any",
-      "filters: Opent traveltime exchange format (*.otte);;All Files (*)",
-      "filter: Opent traveltime exchange format (*.otte)"}},
+/// What the generic page's file dialog shows.
+const QStringList genericDialog = {
+    "caption: Input file",
+    "mode: open several",
+    "filters: Generic text file (*.txt);;All Files (*)",
+    "filter: Generic text file (*.txt)",
 };
 
 /// One record per shot, on one receiver at 0, picked at 1 ms.
@@ -109,92 +26,11 @@ std::string seisImagerFile(const std::string &shotX)
 
 } // namespace
 
-class Convert2VelarixBrowseTest : public QObject
+class Convert2VelarixBrowseTest : public ConverterWindowTests
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        prepareTest();
-        folder = std::make_unique<TemporaryFolder>();
-        restart();
-    }
-
-    void cleanup()
-    {
-        window.reset();
-        folder.reset();
-    }
-
-    void fileDialogOpensForTheButton_data()
-    {
-        QTest::addColumn<int>("index");
-        for (int i = 0; i < int(std::size(buttons)); ++i)
-            QTest::addRow("%s %s", buttons[i].button, buttons[i].ticked ? "several" : "") << i;
-    }
-
-    void fileDialogOpensForTheButton()
-    {
-        QFETCH(int, index);
-        const Button &button = buttons[index];
-        turnTo(*window, button.page);
-        if (button.ticked != nullptr)
-            tick(*window, button.ticked);
-        QCOMPARE(click(*window, button.button, {lookAround()}), button.seen);
-    }
-
-    // Neither the folder nor the filter of the last time is where the next file dialog starts.
-    void everyFileDialogStartsInTheHomeFolderWithItsOwnFilter_data()
-    {
-        fileDialogOpensForTheButton_data();
-    }
-
-    void everyFileDialogStartsInTheHomeFolderWithItsOwnFilter()
-    {
-        QFETCH(int, index);
-        const Button &button = buttons[index];
-        turnTo(*window, button.page);
-        if (button.ticked != nullptr)
-            tick(*window, button.ticked);
-        const QString name =
-            button.seen[1] == "mode: save any" ? text(folder->path("new")) : file("chosen");
-        const Answer walkAway = [&](QDialog &dialog) {
-            qobject_cast<QFileDialog *>(&dialog)->setDirectory(text(folder->path("")));
-            choose({name}, allFiles)(dialog);
-        };
-        QCOMPARE(click(*window, button.button, {walkAway}), QStringList());
-        QCOMPARE(click(*window, button.button, {lookAround()}), button.seen);
-    }
-
-    void homeFolderIsAskedForEveryTime()
-    {
-        const QByteArray before = qgetenv("HOME");
-        qputenv("HOME", QByteArray::fromStdString(folder->path("")));
-        const QStringList seen = click(*window, "browseInputButton_3", {lookAround()});
-        qputenv("HOME", before);
-        QCOMPARE(seen, buttons[0].seen);
-    }
-
-    void textsAreTranslatedInTheContextOfTheWindow_data()
-    {
-        fileDialogOpensForTheButton_data();
-    }
-
-    // Two filters and a default in angle brackets make "<first", the others and "last>".
-    void textsAreTranslatedInTheContextOfTheWindow()
-    {
-        QFETCH(int, index);
-        const Button &button = buttons[index];
-        turnTo(*window, button.page);
-        if (button.ticked != nullptr)
-            tick(*window, button.ticked);
-        const MarkingTranslator translator("Convert2VelarixDialog");
-        const QStringList seen = click(*window, button.button, {lookAround()});
-        QCOMPARE(seen.value(0), "caption: <" + button.seen[0].mid(9) + '>');
-        QCOMPARE(seen.value(2), "filters: <" + button.seen[2].mid(9) + '>');
-    }
-
     // Generic page.
 
     void genericPageShowsTheLastNameOnly()
@@ -259,7 +95,7 @@ private slots:
         const QString single = file("single.dat");
         type(*window, "inputEdit", "/typed.txt");
         named<QCheckBox>(*window, "multiTTFiles_3")->setChecked(false);
-        QStringList seen = buttons[0].seen;
+        QStringList seen = genericDialog;
         seen[1] = "mode: open one";
         QCOMPARE(click(*window, "browseInputButton_3", {lookAround()}), seen);
         QCOMPARE(textOf(*window, "inputGenTxt"), "");
@@ -423,72 +259,6 @@ private slots:
         QCOMPARE(textOf(*window, "formatSeismicInput"), allFiles);
     }
 
-    // Outputs.
-
-    void outputNameIsTakenAsItStands_data()
-    {
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<QString>("name");
-        for (const char *page : {"page_3", "page"}) {
-            for (const char *name : {"line.otte", "line", "line.txt", "Linie 3 süd", "line."})
-                QTest::newRow(qPrintable(QString(page) + ' ' + name)) << page << QString(name);
-        }
-    }
-
-    void outputNameIsTakenAsItStands()
-    {
-        QFETCH(QString, page);
-        QFETCH(QString, name);
-        turnTo(*window, qPrintable(page));
-        const bool onGeneric = page == "page_3";
-        const QString path = text(folder->path(name.toStdString()));
-        QCOMPARE(click(*window, onGeneric ? "browseOutputButton_3" : "browseOutputButton",
-                       {choose({path})}),
-                 QStringList());
-        QCOMPARE(textOf(*window, onGeneric ? "outputGenTxt" : "outputEdit"), path);
-        QCOMPARE(textOf(*window, onGeneric ? "outputEdit" : "outputGenTxt"), "");
-        QCOMPARE(textOf(*window, "inputGenTxt"), "");
-        QCOMPARE(textOf(*window, "inputEdit"), "");
-        QCOMPARE(textOf(*window, "formatSelected_3"), "-");
-        QCOMPARE(textOf(*window, "formatSelected"), "-");
-        QVERIFY(!exists(path.toStdString()));
-    }
-
-    void cancellingAnOutputChangesNothing()
-    {
-        for (const char *page : {"page_3", "page"}) {
-            turnTo(*window, page);
-            const bool onGeneric = QLatin1String(page) == "page_3";
-            const char *edit = onGeneric ? "outputGenTxt" : "outputEdit";
-            type(*window, edit, "/typed/out.otte");
-            QCOMPARE(click(*window, onGeneric ? "browseOutputButton_3" : "browseOutputButton",
-                           {cancel()}),
-                     QStringList());
-            QCOMPARE(textOf(*window, edit), "/typed/out.otte");
-        }
-    }
-
-    void outputThatExistsIsTakenWhenTheUserAgrees()
-    {
-        const QString path = file("old.otte", "old");
-        const QStringList agreed =
-            click(*window, "browseOutputButton_3", {choose({path}), press(QMessageBox::Yes)});
-        QCOMPARE(agreed.size(), 1);
-        QVERIFY2(agreed[0].contains("already exists"), qPrintable(agreed[0]));
-        QCOMPARE(textOf(*window, "outputGenTxt"), path);
-        QCOMPARE(readFile(path.toStdString()), "old");
-    }
-
-    void outputThatExistsIsNotTakenWhenTheUserRefuses()
-    {
-        const QString path = file("old.otte", "old");
-        const QStringList refused = click(*window, "browseOutputButton_3",
-                                          {choose({path}), press(QMessageBox::No), cancel()});
-        QCOMPARE(refused.size(), 1);
-        QVERIFY2(refused[0].contains("already exists"), qPrintable(refused[0]));
-        QCOMPARE(textOf(*window, "outputGenTxt"), "");
-    }
-
     void outputDoesNotTouchTheFilter()
     {
         const QString name = file("a.txt");
@@ -576,7 +346,7 @@ private slots:
                  QStringList());
         turnTo(*window, "page_2");
         QCOMPARE(click(*window, "pushButton", {choose({file("a.su")})}), QStringList());
-        restart();
+        openWindow();
         QCOMPARE(named<QToolBox>(*window, "toolBox")->currentIndex(), 0);
         for (const char *edit :
              {"inputGenTxt", "outputGenTxt", "inputEdit", "outputEdit", "inputSeismicEdit"})
@@ -586,23 +356,10 @@ private slots:
         QCOMPARE(textOf(*window, "formatSeismicInput"), "Format");
         QVERIFY(!named<QCheckBox>(*window, "multiTTFiles")->isChecked());
         QCOMPARE(click(*window, "convertButton"), QStringList(conversionDone));
-        QCOMPARE(click(*window, "browseInputButton_3", {lookAround()}), buttons[0].seen);
+        QCOMPARE(click(*window, "browseInputButton_3", {lookAround()}), genericDialog);
     }
 
 private:
-    void restart()
-    {
-        window = std::make_unique<Convert2VelarixDialog>();
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    }
-
-    /// Writes a file, by default of one generic receiver line.
-    QString file(const std::string &name, const std::string &bytes = "0;100;0.001\n") const
-    {
-        return text(folder->write(name, bytes));
-    }
-
     static QStringList sorted(QStringList names)
     {
         names.sort();
@@ -641,9 +398,6 @@ private:
         const QStringList lines = text(readFile(output)).split('\n');
         return lines[4 + 2 * lines[3].toInt()];
     }
-
-    std::unique_ptr<TemporaryFolder> folder;
-    std::unique_ptr<Convert2VelarixDialog> window;
 };
 
 int main(int argc, char *argv[])

@@ -3,109 +3,16 @@
 
 #include "app/convert2velarix_dialog.h"
 #include "tests/support/window.h"
+#include "tests/support/window_form.h"
 
 #include <QBoxLayout>
-#include <QCheckBox>
 #include <QFormLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMetaMethod>
-#include <QPushButton>
 #include <QTest>
 #include <QToolBox>
 
 #include <memory>
 
 namespace {
-
-constexpr int label = QFormLayout::LabelRole;
-constexpr int field = QFormLayout::FieldRole;
-constexpr int spanning = QFormLayout::SpanningRole;
-constexpr int noRole = -1; ///< a cell of a box layout
-
-/// A widget or layout in the cell of a layout; of a box layout the row is the place from 0.
-struct Cell
-{
-    const char *name;
-    const char *className;
-    const char *parent; ///< nullptr where the tool box has its own widgets in between
-    const char *layout;
-    int row;
-    int role;
-    QSize minimumSize;
-    const char *text;
-};
-
-const Cell cells[] = {
-    {"toolBox", "QToolBox", "Convert2VelarixDialog", "verticalLayout", 0, noRole, {0, 0}, nullptr},
-
-    {"label_8", "QLabel", "page_3", "formLayout_6", 0, label, {0, 0}, "Input file"},
-    {"inputGenTxt", "QLineEdit", "page_3", "formLayout_6", 1, label, {400, 0}, ""},
-    {"browseInputButton_3", "QPushButton", "page_3", "formLayout_6", 1, field, {0, 0}, "Browse"},
-    {"widget_4", "QWidget", "page_3", "formLayout_6", 2, spanning, {36, 36}, nullptr},
-    {"label_9", "QLabel", "page_3", "formLayout_7", 0, label, {0, 0}, "From:"},
-    {"formatSelected_3", "QLabel", "page_3", "formLayout_7", 0, field, {0, 0}, "-"},
-    {"label_10", "QLabel", "page_3", "formLayout_6", 4, label, {0, 0}, "Output file"},
-    {"outputGenTxt", "QLineEdit", "page_3", "formLayout_6", 5, label, {400, 0}, ""},
-    {"browseOutputButton_3", "QPushButton", "page_3", "formLayout_6", 5, field, {0, 0}, "Browse"},
-    {"multiTTFiles_3",
-     "QCheckBox",
-     "widget_4",
-     "horizontalLayout_4",
-     0,
-     noRole,
-     {0, 0},
-     "Multiple traveltimes files"},
-    {"firstRawShotPos_3",
-     "QCheckBox",
-     "widget_4",
-     "horizontalLayout_4",
-     1,
-     noRole,
-     {0, 0},
-     "First raw have shots position"},
-
-    {"label", "QLabel", "page", "formLayout", 0, label, {0, 0}, "Input file"},
-    {"inputEdit", "QLineEdit", "page", "formLayout", 1, label, {400, 0}, ""},
-    {"browseInputButton", "QPushButton", "page", "formLayout", 1, field, {0, 0}, "Browse"},
-    {"widget_2", "QWidget", "page", "formLayout", 2, spanning, {36, 36}, nullptr},
-    {"label_2", "QLabel", "page", "formLayout_2", 0, label, {0, 0}, "From:"},
-    {"formatSelected", "QLabel", "page", "formLayout_2", 0, field, {0, 0}, "-"},
-    {"label_3", "QLabel", "page", "formLayout", 4, label, {0, 0}, "Output file"},
-    {"outputEdit", "QLineEdit", "page", "formLayout", 5, label, {400, 0}, ""},
-    {"browseOutputButton", "QPushButton", "page", "formLayout", 5, field, {0, 0}, "Browse"},
-    {"multiTTFiles",
-     "QCheckBox",
-     "widget_2",
-     "horizontalLayout_2",
-     0,
-     noRole,
-     {0, 0},
-     "Multiple traveltimes files"},
-
-    {"widget", "QWidget", "page_2", "verticalLayout_2", 0, noRole, {0, 0}, nullptr},
-    {"label_4", "QLabel", "widget", "formLayout_3", 0, label, {0, 0}, "Input file"},
-    {"inputSeismicEdit", "QLineEdit", "widget", "formLayout_3", 2, label, {400, 0}, ""},
-    {"pushButton", "QPushButton", "widget", "formLayout_3", 2, field, {0, 0}, "Browse"},
-    {"formatSeismicInput", "QLabel", "widget", "formLayout_3", 3, label, {0, 0}, "Format"},
-
-    {"convertButton",
-     "QPushButton",
-     "Convert2VelarixDialog",
-     "horizontalLayout",
-     0,
-     noRole,
-     {0, 0},
-     "Convert"},
-    {"quitButton",
-     "QPushButton",
-     "Convert2VelarixDialog",
-     "horizontalLayout",
-     1,
-     noRole,
-     {0, 0},
-     "Quit"},
-};
 
 /// A layout, on a widget or in the cell of another layout.
 struct Arrangement
@@ -131,19 +38,6 @@ const Arrangement arrangements[] = {
     {"horizontalLayout_2", "QHBoxLayout", "widget_2", 0, noRole, 1},
     {"verticalLayout_2", "QVBoxLayout", "page_2", 0, noRole, 1},
     {"formLayout_3", "QFormLayout", "widget", 0, noRole, 4},
-};
-
-struct Page
-{
-    const char *name;
-    const char *title;
-    QSize minimumSize;
-};
-
-const Page pages[] = {
-    {"page_3", "From generic textual traveltimes", {0, 0}},
-    {"page", "From structured traveltime", {500, 190}},
-    {"page_2", "From seismic file", {0, 0}},
 };
 
 /// The children in the order in which they were made.
@@ -226,39 +120,6 @@ private slots:
     void cleanup()
     {
         window.reset();
-    }
-
-    void windowHasItsNameTitleAndSizes()
-    {
-        QCOMPARE(window->objectName(), "Convert2VelarixDialog");
-        QCOMPARE(window->windowTitle(), "Convert2Velarix v. 1.0");
-        QCOMPARE(window->size(), QSize(640, 480));
-        QCOMPARE(window->minimumSize(), QSize(550, 240));
-        QCOMPARE(window->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-        QVERIFY(window->windowIcon().isNull());
-    }
-
-    void windowIsAPlainDialogWithTheParentGiven()
-    {
-        QCOMPARE(window->parent(), nullptr);
-        QCOMPARE(window->windowFlags(), QDialog().windowFlags());
-        QVERIFY(!window->isModal());
-        QWidget parent;
-        QCOMPARE(Convert2VelarixDialog(&parent).parent(), &parent);
-        QCOMPARE(Convert2VelarixDialog(&parent).windowFlags(), QDialog(&parent).windowFlags());
-    }
-
-    void windowOpensAt640x480AndIsNeverSmallerThan550x240()
-    {
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        QCOMPARE(window->size(), QSize(640, 480));
-        window->resize(100, 100);
-        QCOMPARE(window->size(), QSize(550, 240));
-        window->resize(1000, 239);
-        QCOMPARE(window->size(), QSize(1000, 240));
-        window->resize(549, 900);
-        QCOMPARE(window->size(), QSize(550, 900));
     }
 
     void widgetStandsInItsCell_data()
@@ -391,108 +252,6 @@ private slots:
         expected.sort();
         found.sort();
         QCOMPARE(found, expected);
-    }
-
-    void genericPageIsShownAtTheStart()
-    {
-        QCOMPARE(named<QToolBox>(*window, "toolBox")->currentIndex(), 0);
-        window->show();
-        QVERIFY(named<QWidget>(*window, "page_3")->isVisible());
-        QVERIFY(!named<QWidget>(*window, "page")->isVisible());
-        QVERIFY(!named<QWidget>(*window, "page_2")->isVisible());
-    }
-
-    void onlyTheStructuredPageLetsTheUserTickABox()
-    {
-        window->show();
-        auto *const several = named<QCheckBox>(*window, "multiTTFiles_3");
-        auto *const position = named<QCheckBox>(*window, "firstRawShotPos_3");
-        QVERIFY(several->isVisible() && !several->isEnabled() && several->isChecked());
-        QVERIFY(position->isVisible() && !position->isEnabled() && !position->isChecked());
-        tick(*window, "multiTTFiles_3");
-        tick(*window, "firstRawShotPos_3");
-        QVERIFY(several->isChecked() && !position->isChecked());
-
-        turnTo(*window, "page");
-        auto *const structured = named<QCheckBox>(*window, "multiTTFiles");
-        QVERIFY(structured->isVisible() && structured->isEnabled() && !structured->isChecked());
-        tick(*window, "multiTTFiles");
-        QVERIFY(structured->isChecked());
-        tick(*window, "multiTTFiles");
-        QVERIFY(!structured->isChecked());
-        for (const QCheckBox *box : window->findChildren<QCheckBox *>())
-            QVERIFY(!box->isTristate());
-    }
-
-    void everythingButTheGreyedBoxesIsEnabled()
-    {
-        for (const Cell &cell : cells) {
-            const bool greyed = qstrcmp(cell.name, "multiTTFiles_3") == 0
-                                || qstrcmp(cell.name, "firstRawShotPos_3") == 0;
-            QVERIFY2(named<QWidget>(*window, cell.name)->isEnabled() != greyed, cell.name);
-        }
-    }
-
-    void lineEditsTakeAnyText()
-    {
-        for (const char *name :
-             {"inputGenTxt", "outputGenTxt", "inputEdit", "outputEdit", "inputSeismicEdit"}) {
-            auto *const edit = named<QLineEdit>(*window, name);
-            QVERIFY2(!edit->isReadOnly(), name);
-            QCOMPARE(edit->validator(), nullptr);
-            QCOMPARE(edit->inputMask(), "");
-            QCOMPARE(edit->placeholderText(), "");
-        }
-    }
-
-    // The generic page alone says so, and keeps it where the user's language runs the other way.
-    void genericPageRunsFromLeftToRight()
-    {
-        const auto *const generic = named<QWidget>(*window, "page_3");
-        QCOMPARE(generic->layoutDirection(), Qt::LeftToRight);
-        window->setLayoutDirection(Qt::RightToLeft);
-        QCOMPARE(generic->layoutDirection(), Qt::LeftToRight);
-        QCOMPARE(named<QWidget>(*window, "page")->layoutDirection(), Qt::RightToLeft);
-        QCOMPARE(named<QWidget>(*window, "page_2")->layoutDirection(), Qt::RightToLeft);
-    }
-
-    void slotsAreSevenPrivateOnesInOrder()
-    {
-        const QMetaObject &meta = Convert2VelarixDialog::staticMetaObject;
-        QCOMPARE(meta.className(), "Convert2VelarixDialog");
-        QCOMPARE(meta.superClass(), &QDialog::staticMetaObject);
-        QStringList found;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-            const QMetaMethod method = meta.method(i);
-            QCOMPARE(method.methodType(), QMetaMethod::Slot);
-            QCOMPARE(method.access(), QMetaMethod::Private);
-            QCOMPARE(method.returnMetaType(), QMetaType::fromType<void>());
-            found += method.methodSignature();
-        }
-        QCOMPARE(found, QStringList({"on_convertButton_clicked()", "on_browseInputButton_clicked()",
-                                     "on_browseOutputButton_clicked()", "on_quitButton_clicked()",
-                                     "on_pushButton_clicked()", "on_browseInputButton_3_clicked()",
-                                     "on_browseOutputButton_3_clicked()"}));
-        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-        QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
-        QCOMPARE(meta.constructorCount(), 0);
-    }
-
-    void textsAreTranslatedInTheContextOfTheWindow()
-    {
-        const MarkingTranslator translator("Convert2VelarixDialog");
-        const Convert2VelarixDialog translated;
-        QCOMPARE(translated.windowTitle(), "<Convert2Velarix v. 1.0>");
-        for (const Cell &cell : cells) {
-            if (cell.text != nullptr && *cell.text != '\0')
-                QCOMPARE(named<QWidget>(translated, cell.name)->property("text").toString(),
-                         QString("<%1>").arg(cell.text));
-        }
-        for (const Page &page : pages) {
-            const auto *const box = named<QToolBox>(translated, "toolBox");
-            QCOMPARE(box->itemText(box->indexOf(named<QWidget>(translated, page.name))),
-                     QString("<%1>").arg(page.title));
-        }
     }
 
     // The tool box gives a page another size at once, so it is looked at on its way there.

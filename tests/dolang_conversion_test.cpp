@@ -3,149 +3,21 @@
 
 #include "seg2/dolang_conversion.h"
 
-#include "tests/support/seg2_parser.h"
-#include "tests/support/small_records.h"
-#include "tests/support/stalled_output.h"
-#include "tests/support/support.h"
+#include "tests/support/dolang_set.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <system_error>
-#include <unistd.h>
+#include <string>
 #include <utility>
 #include <vector>
+
+using DolangConversion = DolangSet;
 
 namespace {
 
 using Strings = std::vector<std::string>;
-
-const std::string &heading = listingHeading;
-
-const std::string fileWithoutTraces =
-    bytes("55 3A 00 00 00 00 00 00 01 00 20 01 0A 20 '                  '"
-          "19 00 'TRACE_SORT AS_ACQUIRED' 00 0F 00 'UNITS METERS' 00 00 00 '  '");
-
-const std::string noChannels = "0\n\n\n0\n0\n1000\n";
-
-/// A data set "LINE" in a folder of its own, and another folder to work in.
-class DolangConversion : public testing::Test
-{
-protected:
-    /// Writes a header and the files of its channels, counted from 1. `kind` is A, C or R.
-    void writeKind(char kind, const std::string &header, const Strings &channels = {}) const
-    {
-        set.write(std::string("LINE.") + kind + "DT", header);
-        for (std::size_t i = 0; i < channels.size(); ++i)
-            set.write(std::string("LINE.") + kind + '0' + std::to_string(i + 1), channels[i]);
-    }
-
-    /// A set whose kind A has 1000 channels of 100 samples, all of them missing.
-    void writeThousandChannels() const
-    {
-        for (int channel = 1; channel <= 1000; ++channel)
-            set.write("LINE.A" + std::string(channel < 10 ? "0" : "") + std::to_string(channel),
-                      "");
-        writeKind('A', "1000\n\n\n0\n100\n1000\n");
-        writeKind('C', noChannels);
-        writeKind('R', noChannels);
-    }
-
-    void convert()
-    {
-        CapturedStreams streams;
-        convertDolangToSeg2(base);
-        streams.finish();
-        output = streams.output;
-        error = streams.error;
-    }
-
-    /// Converts a set whose kind A is as given and whose other kinds have no channels.
-    void convertA(const std::string &header, const Strings &channels = {})
-    {
-        writeKind('A', header, channels);
-        writeKind('C', noChannels);
-        writeKind('R', noChannels);
-        convert();
-        EXPECT_EQ(error, "");
-        EXPECT_EQ(seg2('C'), fileWithoutTraces);
-        EXPECT_EQ(seg2('R'), fileWithoutTraces);
-    }
-
-    std::string listingPath(char kind) const
-    {
-        return work.path(std::string("tmp_") + kind + "DT");
-    }
-
-    std::string seg2Path(char kind) const
-    {
-        return set.path(std::string("LINE_") + kind + "DT_dolang.seg2");
-    }
-
-    std::string listing(char kind) const
-    {
-        return readFile(listingPath(kind));
-    }
-
-    std::string seg2(char kind) const
-    {
-        return readFile(seg2Path(kind));
-    }
-
-    /// Neither the listing nor the SEG2 file of the kind is there.
-    bool isUntouched(char kind) const
-    {
-        return !exists(listingPath(kind)) && !exists(seg2Path(kind));
-    }
-
-    TemporaryFolder set;
-    TemporaryFolder work;
-    WorkingFolder working{work.path("")};
-    std::string base = set.path("LINE");
-    std::string output;
-    std::string error;
-};
-
-class DolangProblem : public DolangConversion
-{
-protected:
-    bool convertKind(const std::string &listingPath, const std::string &seg2Path)
-    {
-        CapturedStreams streams;
-        const bool result = convertDolangKind(base, dolangKinds[0], listingPath, seg2Path, problem);
-        streams.finish();
-        error = streams.error;
-        return result;
-    }
-
-    Problem problem;
-};
-
-const std::string twoChannels = "2\nfirst line not used\nsecond\n4\n3\n1000\n";
-
-const std::string twoChannelsListing = heading
-                                       + "1    3      4     0.001     0      0      0\n"
-                                         "2    3      4     0.001     0      0      0\n";
-
-// Both trace blocks have 148 bytes of descriptor and 12 of data.
-const std::string twoChannelsSeg2 =
-    bytes("55 3A 00 00 08 00 02 00 01 00 20 01 0A 20 '                  '"
-          "54 00 00 00 F8 00 00 00"
-          "19 00 'TRACE_SORT AS_ACQUIRED' 00 0F 00 'UNITS METERS' 00 00 00 '  '"
-          "22 44 98 00 0C 00 00 00 03 00 00 00 04 '                   '"
-          "0A 00 'DELAY 4' 00 15 00 'DESCALING_FACTOR 1' 00 1A 00 'RECEIVER_LOCATION 0 0 0' 00"
-          "18 00 'SAMPLE_INTERVAL 0.001' 00 18 00 'SOURCE_LOCATION 0 0 0' 00"
-          "0A 00 'STACK 1' 00 00 00 '   ' 00 00 80 3F 00 00 00 C0 00 24 74 49"
-          "22 44 98 00 0C 00 00 00 03 00 00 00 04 '                   '"
-          "0A 00 'DELAY 4' 00 15 00 'DESCALING_FACTOR 1' 00 1A 00 'RECEIVER_LOCATION 0 0 0' 00"
-          "18 00 'SAMPLE_INTERVAL 0.001' 00 18 00 'SOURCE_LOCATION 0 0 0' 00"
-          "0A 00 'STACK 1' 00 00 00 '   ' 00 00 00 00 00 00 A0 40 00 00 C0 40");
 
 } // namespace
 
@@ -170,8 +42,8 @@ TEST_F(DolangConversion, WholeRun)
                       "-9\n");
     EXPECT_EQ(error, "");
     EXPECT_EQ(listing('A'), twoChannelsListing);
-    EXPECT_EQ(listing('C'), heading + "1    2      0     0.004     0      0      0\n");
-    EXPECT_EQ(listing('R'), heading + "1    1      0     0.00025     0      0      0\n");
+    EXPECT_EQ(listing('C'), listingHeading + "1    2      0     0.004     0      0      0\n");
+    EXPECT_EQ(listing('R'), listingHeading + "1    1      0     0.00025     0      0      0\n");
     EXPECT_EQ(seg2('A'), twoChannelsSeg2);
     EXPECT_EQ(parseSeg2(twoChannelsSeg2).traces.size(), 2U);
     const ParsedSeg2 c = parseSeg2(seg2('C'));
@@ -244,17 +116,17 @@ TEST_F(DolangConversion, HeaderBeginsBehindLeadingQuotedLines)
 TEST_F(DolangConversion, QuotedLineBehindTheCountIsNotSkipped)
 {
     convertA("1\n\"quoted\"\n\n4\n2\n1000\n", {"1\n2\n"});
-    EXPECT_EQ(listing('A'), heading + "1    2      4     0.001     0      0      0\n");
+    EXPECT_EQ(listing('A'), listingHeading + "1    2      4     0.001     0      0      0\n");
     convertA("1\n\n\n\"4\"\n2\n1000\n", {"1\n2\n"});
-    EXPECT_EQ(listing('A'), heading + "1    2      0     0.001     0      0      0\n");
+    EXPECT_EQ(listing('A'), listingHeading + "1    2      0     0.001     0      0      0\n");
     convertA("1\n\n\n4\n\"\n2\n1000\n", {"1\n2\n"});
-    EXPECT_EQ(listing('A'), heading + "1    0      4     0.5     0      0      0\n");
+    EXPECT_EQ(listing('A'), listingHeading + "1    0      4     0.5     0      0      0\n");
 }
 
 TEST_F(DolangConversion, LineWithABlankBeforeItsQuoteIsTheCount)
 {
     convertA(" \"comment\"\n1\n\n4\n2\n1000\n");
-    EXPECT_EQ(listing('A'), heading);
+    EXPECT_EQ(listing('A'), listingHeading);
     EXPECT_EQ(seg2('A'), fileWithoutTraces);
 }
 
@@ -297,7 +169,7 @@ TEST_F(DolangConversion, MissingHeaderLinesAreZero)
     };
     for (const auto &[header, line] : cases) {
         convertA(header, {"1\n2\n3\n"});
-        EXPECT_EQ(listing('A'), heading + line) << header;
+        EXPECT_EQ(listing('A'), listingHeading + line) << header;
     }
 }
 
@@ -311,7 +183,8 @@ TEST_F(DolangConversion, HeaderNumbersAreThoseThatBeginTheirLines)
 TEST_F(DolangConversion, NegativeDelayIsALargeOne)
 {
     convertA("1\n\n\n-5\n1\n1000\n", {"1\n"});
-    EXPECT_EQ(listing('A'), heading + "1    1      4294967291     0.001     0      0      0\n");
+    EXPECT_EQ(listing('A'),
+              listingHeading + "1    1      4294967291     0.001     0      0      0\n");
     EXPECT_EQ(parseSeg2(seg2('A')).traces.at(0).strings.at(0), "DELAY 4.29497e+09");
 }
 
@@ -324,7 +197,7 @@ TEST_F(DolangConversion, IntervalIsRoundedToSixDigits)
     for (const auto &[rate, interval] : cases) {
         convertA(std::string("1\n\n\n0\n1\n") + rate + '\n', {"1\n"});
         EXPECT_EQ(listing('A'),
-                  heading + "1    1      0     " + interval + "     0      0      0\n");
+                  listingHeading + "1    1      0     " + interval + "     0      0      0\n");
         EXPECT_EQ(parseSeg2(seg2('A')).traces.at(0).strings.at(3),
                   std::string("SAMPLE_INTERVAL ") + interval);
     }
@@ -334,7 +207,7 @@ TEST_F(DolangConversion, RateZeroLeavesOneTraceWithInterval0)
 {
     convertA("2\n\n\n4\n2\n0\n", {"1\n2\n", "3\n4\n"});
     EXPECT_EQ(output, "TraceINDEX : 0\n1\n2\n");
-    EXPECT_EQ(listing('A'), heading
+    EXPECT_EQ(listing('A'), listingHeading
                                 + "1    2      4     inf     0      0      0\n"
                                   "2    2      4     inf     0      0      0\n");
     const ParsedSeg2 a = parseSeg2(seg2('A'));
@@ -348,7 +221,7 @@ TEST_F(DolangConversion, RateZeroLeavesOneTraceWithInterval0)
 TEST_F(DolangConversion, WithoutChannelsOnlyTheFileStrings)
 {
     convertA("0\n\n\n4\n2\n1000\n");
-    EXPECT_EQ(listing('A'), heading);
+    EXPECT_EQ(listing('A'), listingHeading);
     EXPECT_EQ(seg2('A'), fileWithoutTraces);
     EXPECT_EQ(output, "");
 }
@@ -406,271 +279,4 @@ TEST_F(DolangConversion, SamplesAreTheIntegersThatBeginTheirLines)
     EXPECT_EQ(parseSeg2(seg2('A')).traces.at(0).samples,
               (std::vector<double>{12, 7, 5, 0, 1215752192, -8, 0, 1, 1, 0, -2147483648.0, 0,
                                    16777216, 0, 7, -1, 1000004992}));
-}
-
-TEST_F(DolangConversion, MissingSampleLinesAreZero)
-{
-    convertA("3\n\n\n0\n3\n1000\n", {"7", "", "4\n5\n"});
-    EXPECT_EQ(output,
-              "TraceINDEX : 0\n7\n0\n0\nTraceINDEX : 1\n0\n0\n0\nTraceINDEX : 2\n4\n5\n0\n");
-    const ParsedSeg2 a = parseSeg2(seg2('A'));
-    ASSERT_EQ(a.traces.size(), 3U);
-    EXPECT_EQ(a.traces[0].samples, (std::vector<double>{7.0, 0.0, 0.0}));
-    EXPECT_EQ(a.traces[2].samples, (std::vector<double>{4.0, 5.0, 0.0}));
-}
-
-TEST_F(DolangConversion, SamplesBeyondAllBoundsAreRefused)
-{
-    // Of both channels together, beyond a value for every byte of their files.
-    for (const char *count : {"5000004", "-1", "4294967295"}) {
-        writeKind('A', "2\n\n\n0\n" + std::string(count) + "\n1000\n", {"7\n8\n", "9\n"});
-        CapturedStreams streams;
-        EXPECT_THROW(convertDolangToSeg2(base), std::length_error) << count;
-        streams.finish();
-        EXPECT_TRUE(isUntouched('A')) << count;
-    }
-}
-
-TEST_F(DolangConversion, SamplesWithinTheBoundsAreFilledIn)
-{
-    convertA("2\n\n\n0\n5000003\n1000\n", {"7\n8\n", "9\n"});
-    EXPECT_EQ(listing('A'), listingHeading
-                                + "1    5000003      0     0.001     0      0      0\n"
-                                  "2    5000003      0     0.001     0      0      0\n");
-    const ParsedSeg2 a = parseSeg2(seg2('A'));
-    ASSERT_EQ(a.traces.size(), 2U);
-    EXPECT_EQ(a.traces[0].samples.size(), 5000003U);
-    EXPECT_EQ(a.traces[0].samples[1], 8.0);
-    EXPECT_EQ(a.traces[1].samples[0], 9.0);
-    EXPECT_EQ(a.traces[1].samples.back(), 0.0);
-}
-
-TEST_F(DolangConversion, SampleLinesTooManyAreIgnored)
-{
-    convertA("2\n\n\n0\n1\n1000\n", {"1\n2\n3\n", "4\n5\n"});
-    EXPECT_EQ(output, "TraceINDEX : 0\n1\nTraceINDEX : 1\n4\n");
-}
-
-TEST_F(DolangConversion, MissingFirstHeaderEndsItAtOnce)
-{
-    writeKind('C', noChannels);
-    writeKind('R', noChannels);
-    convert();
-    EXPECT_EQ(error, "Error in reading file " + base + ".ADT\n");
-    EXPECT_EQ(output, "");
-    for (const char kind : {'A', 'C', 'R'})
-        EXPECT_TRUE(isUntouched(kind)) << kind;
-}
-
-TEST_F(DolangConversion, MissingLastHeaderKeepsTheKindsBefore)
-{
-    writeKind('A', twoChannels, {"1\n-2\n1000000\n", "0\n5\n6\n"});
-    writeKind('C', noChannels);
-    convert();
-    EXPECT_EQ(error, "Error in reading file " + base + ".RDT\n");
-    EXPECT_EQ(listing('A'), twoChannelsListing);
-    EXPECT_EQ(seg2('A'), twoChannelsSeg2);
-    EXPECT_EQ(listing('C'), heading);
-    EXPECT_EQ(seg2('C'), fileWithoutTraces);
-    EXPECT_TRUE(isUntouched('R'));
-}
-
-TEST_F(DolangConversion, MissingChannelNamesTheHeaderAndEndsIt)
-{
-    writeKind('A', noChannels);
-    writeKind('C', "2\n\n\n0\n1\n1000\n", {"1\n"});
-    writeKind('R', noChannels);
-    convert();
-    EXPECT_EQ(error, "Error in reading file " + base + ".CDT\n");
-    EXPECT_EQ(output, "");
-    EXPECT_EQ(seg2('A'), fileWithoutTraces);
-    EXPECT_TRUE(isUntouched('C'));
-    EXPECT_TRUE(isUntouched('R'));
-}
-
-TEST_F(DolangConversion, NegativeChannelCountEndsAtTheFirstMissingChannel)
-{
-    writeKind('A', "-1\n\n\n0\n1\n1000\n", {"1\n", "2\n"});
-    convert();
-    EXPECT_EQ(error, "Error in reading file " + base + ".ADT\n");
-    EXPECT_TRUE(isUntouched('A'));
-}
-
-TEST_F(DolangConversion, ListingThatCannotBeCreatedEndsIt)
-{
-    for (const char kind : {'A', 'C', 'R'})
-        writeKind(kind, noChannels);
-    std::filesystem::create_directory(listingPath('C'));
-    convert();
-    EXPECT_EQ(error, "Error in opening file tmp_CDT\n");
-    EXPECT_EQ(seg2('A'), fileWithoutTraces);
-    EXPECT_FALSE(exists(seg2Path('C')));
-    EXPECT_TRUE(isUntouched('R'));
-}
-
-TEST_F(DolangConversion, Seg2FileThatCannotBeCreatedDoesNotEndIt)
-{
-    writeKind('A', "1\n\n\n0\n1\n1000\n", {"1\n"});
-    writeKind('C', noChannels);
-    writeKind('R', noChannels);
-    std::filesystem::create_directory(seg2Path('A'));
-    convert();
-    EXPECT_EQ(error, "");
-    EXPECT_EQ(output, "TraceINDEX : 0\n1\n");
-    EXPECT_EQ(listing('A'), heading + "1    1      0     0.001     0      0      0\n");
-    EXPECT_EQ(seg2('C'), fileWithoutTraces);
-    EXPECT_EQ(seg2('R'), fileWithoutTraces);
-}
-
-TEST_F(DolangConversion, ExceptionInTheFirstKindEndsIt)
-{
-    // The listing is changed at its end, where the conversion still has most of it before it.
-    writeThousandChannels();
-    CapturedStreams streams;
-    output = changeInTheMiddle([this] { convertDolangToSeg2(base); },
-                               [this] {
-                                   std::fstream file(listingPath('A'));
-                                   file.seekp(0, std::ios::end);
-                                   file << "1001    100      0     0.001     0      0      0\n";
-                               });
-    streams.finish();
-    EXPECT_EQ(streams.error, "EXCEPTION!\n");
-    EXPECT_TRUE(output.ends_with("\nTraceINDEX : 1000\n"));
-    EXPECT_TRUE(listing('A').ends_with("\n1001    100      0     0.001     0      0      0\n"));
-    EXPECT_EQ(seg2('A'), "");
-    EXPECT_TRUE(isUntouched('C'));
-    EXPECT_TRUE(isUntouched('R'));
-}
-
-TEST_F(DolangConversion, SamplesOfATraceBeginAtItsIndexTimesTheCountInItsLine)
-{
-    std::string samples;
-    for (int i = 0; i < 50; ++i)
-        samples += "0\n";
-    writeThousandChannels();
-    set.write("LINE.A500", samples + "5\n6\n");
-    output = changeInTheMiddle([this] { convertDolangToSeg2(base); },
-                               [this] {
-                                   // "1000    100" becomes "1000    050".
-                                   std::fstream file(listingPath('A'));
-                                   file.seekp(-41, std::ios::end);
-                                   file << "050";
-                               });
-    EXPECT_TRUE(listing('A').ends_with("\n1000    050      0     0.001     0      0      0\n"));
-    const ParsedSeg2 a = parseSeg2(seg2('A'));
-    ASSERT_EQ(a.traces.size(), 1000U);
-    EXPECT_EQ(a.traces[499].samples.at(50), 5.0);
-    ASSERT_EQ(a.traces[999].samples.size(), 50U); // 49950 is the first
-    EXPECT_EQ(a.traces[999].samples[0], 5.0);
-    EXPECT_EQ(a.traces[999].samples[1], 6.0);
-}
-
-TEST_F(DolangConversion, NobodyReadsTheProgress)
-{
-    for (const char kind : {'A', 'C', 'R'})
-        writeKind(kind, twoChannels, {"1\n-2\n1000000\n", "0\n5\n6\n"});
-    std::cout.flush();
-    const int outputBefore = dup(STDOUT_FILENO);
-    const auto expectTheSameFiles = [this] {
-        convertDolangToSeg2(base);
-        std::cout.flush();
-        for (const char kind : {'A', 'C', 'R'}) {
-            EXPECT_EQ(listing(kind), twoChannelsListing) << kind;
-            EXPECT_EQ(seg2(kind), twoChannelsSeg2) << kind;
-        }
-    };
-    const int nullDevice = open("/dev/null", O_WRONLY);
-    dup2(nullDevice, STDOUT_FILENO);
-    close(nullDevice);
-    expectTheSameFiles();
-    close(STDOUT_FILENO);
-    expectTheSameFiles();
-    dup2(outputBefore, STDOUT_FILENO);
-    close(outputBefore);
-    std::cout.clear();
-}
-
-TEST_F(DolangConversion, DamagedSetsNeverCrash)
-{
-    const std::string channel = "1\n-2\n1000000\n";
-    for (std::size_t size = 0; size < channel.size(); ++size) {
-        convertA(twoChannels, {channel.substr(0, size), "0\n5\n6\n"});
-        EXPECT_EQ(parseSeg2(seg2('A')).traces.size(), 2U) << size;
-    }
-    for (std::size_t size = 0; size < twoChannels.size(); ++size) {
-        convertA(twoChannels.substr(0, size), {channel, "0\n5\n6\n"});
-        EXPECT_LE(parseSeg2(seg2('A')).traces.size(), 2U) << size;
-    }
-}
-
-TEST_F(DolangProblem, NothingWrong)
-{
-    writeKind('A', twoChannels, {"1\n-2\n1000000\n", "0\n5\n6\n"});
-    EXPECT_TRUE(convertKind(work.path("listing"), set.path("seg2")));
-    EXPECT_EQ(problem.detail, "");
-    EXPECT_EQ(problem.remark, "");
-    EXPECT_EQ(readFile(work.path("listing")), twoChannelsListing);
-    EXPECT_EQ(readFile(set.path("seg2")), twoChannelsSeg2);
-}
-
-TEST_F(DolangProblem, MissingHeader)
-{
-    EXPECT_FALSE(convertKind(work.path("listing"), set.path("seg2")));
-    EXPECT_EQ(problem.file, base + ".ADT");
-    EXPECT_EQ(problem.line, 0U);
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOENT));
-}
-
-TEST_F(DolangProblem, MissingChannelIsNamedItself)
-{
-    writeKind('A', twoChannels, {"1\n"});
-    EXPECT_FALSE(convertKind(work.path("listing"), set.path("seg2")));
-    EXPECT_EQ(error, "Error in reading file " + base + ".ADT\n");
-    EXPECT_EQ(problem.file, base + ".A02");
-    EXPECT_EQ(problem.line, 0U);
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOENT));
-}
-
-TEST_F(DolangProblem, RateZeroNamesItsLine)
-{
-    writeKind('A', "\"comment\"\n1\n\n\n0\n1\n0\n", {"1\n"});
-    EXPECT_TRUE(convertKind(work.path("listing"), set.path("seg2")));
-    EXPECT_EQ(error, "");
-    EXPECT_EQ(problem.file, base + ".ADT");
-    EXPECT_EQ(problem.line, 7U);
-    EXPECT_NE(problem.detail.find("sampling rate"), std::string::npos) << problem.detail;
-}
-
-TEST_F(DolangProblem, MissingSampleLinesAreRemarked)
-{
-    writeKind('A', twoChannels, {"1\n2\n3\n", "4\n5\n"});
-    EXPECT_TRUE(convertKind(work.path("listing"), set.path("seg2")));
-    EXPECT_EQ(problem.detail, "");
-    EXPECT_NE(problem.remark.find(base + ".A02"), std::string::npos) << problem.remark;
-}
-
-TEST_F(DolangProblem, FilesThatCannotBeWritten)
-{
-    writeKind('A', twoChannels, {"1\n-2\n1000000\n", "0\n5\n6\n"});
-    const std::string listing = work.path("listing");
-    const std::string seg2 = set.path("seg2");
-    const std::string blocked = work.path("");
-    const struct
-    {
-        std::string listing, seg2, named;
-        bool result;
-        int error;
-    } cases[] = {
-        {blocked, seg2, blocked, false, EISDIR},
-        {listing, blocked, blocked, true, EISDIR},
-        {listing, "/dev/full", "/dev/full", true, ENOSPC},
-        {"/dev/full", seg2, "/dev/full", true, ENOSPC},
-    };
-    for (const auto &[listingPath, seg2Path, named, result, systemError] : cases) {
-        problem = {};
-        EXPECT_EQ(convertKind(listingPath, seg2Path), result);
-        EXPECT_EQ(problem.file, named);
-        EXPECT_EQ(problem.line, 0U);
-        EXPECT_EQ(problem.detail, std::generic_category().message(systemError));
-    }
 }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <sys/stat.h>
 
 namespace {
@@ -22,8 +23,8 @@ struct Picks : FieldFolder
               "TX_CURVE\nVERSION: 1\nELEVATION: 0\nTOTAL_NUMBER_OF_SHOTS: 1\n"
               "SEISMIC_DATA_FILE_NAME: C:\\a.su\nSHOT_LOCATION: 0\nNUMBER_OF_RECEIVERS: 2\n"
               "No x t ch\n1 5 0.004 1\n2 10 0.007 2\n");
-        write("a.csv", "shot_x,shot_elevation,receiver_x,receiver_elevation,time\n"
-                       "0,0,5,0,0.004\n0,0,10,0,0.007\n");
+        write("a.csv", "shot_x,shot_elevation,receiver_x,receiver_elevation,time\r\n"
+                       "0,0,5,0,0.004\r\n0,0,10,0,0.007\r\n");
         write("s.txt", "5;0;0.004\n10;0;0.007\n");
         write("shots.txt", "s.txt;0;0\nother.txt;99;0\n");
         write("line.otte", "older");
@@ -45,7 +46,7 @@ void expectRefusal(const Arguments &arguments, const std::string &line)
 {
     SCOPED_TRACE(testing::PrintToString(arguments));
     const Picks picks;
-    expectRefused(picks, arguments, line + "\n");
+    expectRefused(picks, arguments, line);
 }
 
 } // namespace
@@ -97,7 +98,7 @@ TEST(FieldConvertPicks, ContentThatCouldBeTwoFormats)
     picks.write("two.txt", "0 1 .1\n5 1 .2\n10 1 .3\n15 1 .4\n");
     picks.write("shots.txt", "two.txt;-5;1\n");
     expectRefused(picks, {"convert", "two.txt", "-o", "line.otte"},
-                  "two.txt: this could be generic or seisimager: choose with --from\n");
+                  "two.txt: this could be generic or seisimager: choose with --from");
     EXPECT_EQ(picks.otteOf({"two.txt", "--from", "seisimager"}),
               "otte\n1.0\n2\n1\n15;\n0;\n10;\n0;\n0\n0\n1;\n");
     EXPECT_EQ(picks.otteOf({"two.txt", "--from", "generic", "--shots", "shots.txt"}),
@@ -128,12 +129,12 @@ TEST(FieldConvertPicks, ContentThatIsNotKnown)
     picks.write("line.sgy", "C" + std::string(4000, ' '));
     expectRefused(picks, {"convert", "letter.txt", "-o", "line.otte"},
                   "letter.txt: this is of no format that is known here; --from FORMAT reads it all "
-                  "the same\n");
-    expectRefused(picks, {"convert", "empty.txt", "-o", "line.otte"}, "empty.txt: no such file\n");
+                  "the same");
+    expectRefused(picks, {"convert", "empty.txt", "-o", "line.otte"}, "empty.txt: no such file");
     expectRefused(picks, {"convert", "line.sgy", "-o", "line.otte"},
-                  "line.sgy: this seems to be SEG-Y, which is not read\n");
+                  "line.sgy: this seems to be SEG-Y, which is not read");
     // The reader of its extension's format says where it is damaged.
-    picks.write("damaged.vs", "First breaks, ms\nfive 5\n0 2\n5 4\n10 7\n");
+    picks.write("damaged.vs", "First breaks, ms\n1 five\n0 2\n5 4\n10 7\n");
     const FieldRun run = picks.run({"convert", "damaged.vs", "-o", "line.otte"});
     EXPECT_EQ(run.status, 1);
     EXPECT_TRUE(run.error.starts_with("damaged.vs:2: ")) << run.error;
@@ -170,7 +171,7 @@ TEST(FieldConvertPicks, AnOutputThatWouldReplaceAnInput)
     picks.write("ground.txt", "0;1\n");
     expectRefused(
         picks, {"convert", "a.vs", "--topography", "ground.txt", "--to", "csv", "-o", "ground.txt"},
-        "ground.txt: the output would replace this input\n");
+        "ground.txt: the output would replace this input");
 }
 
 TEST(FieldConvertPicks, AFileThatIsRefusedLeavesTheOlderOutput)
@@ -229,10 +230,9 @@ TEST(FieldConvertPicks, PicksAndRecordsDoNotMix)
     record[116] = 100;
     picks.write("line.su", record + record);
     expectRefused(picks, {"convert", "a.vs", "line.su", "-o", "line.otte"},
-                  "line.su: a record cannot become otte\n");
-    expectRefused(picks, {"convert", "a.vs", "-o", "line.su"}, "a.vs: picks cannot become su\n");
-    expectRefused(picks, {"convert", "a.vs", "-o", "line.seg2"},
-                  "a.vs: picks cannot become seg2\n");
+                  "line.su: a record cannot become otte");
+    expectRefused(picks, {"convert", "a.vs", "-o", "line.su"}, "a.vs: picks cannot become su");
+    expectRefused(picks, {"convert", "a.vs", "-o", "line.seg2"}, "a.vs: picks cannot become seg2");
 }
 
 TEST(FieldConvertPicks, AnOutputThatCannotBeWritten)
@@ -242,10 +242,28 @@ TEST(FieldConvertPicks, AnOutputThatCannotBeWritten)
     const Picks picks;
     std::filesystem::create_directory(picks.path("folder"));
     expectRefused(picks, {"convert", "a.vs", "--to", "otte", "-o", "folder"},
-                  "folder: this is a folder\n");
+                  "folder: this is a folder");
     for (const std::string format : {"otte", "sgt", "csv", "seisimager"}) {
         const FieldRun run = picks.run({"convert", "a.vs", "--to", format, "-o", "/dev/full"});
         EXPECT_EQ(run.status, 1) << format;
         EXPECT_EQ(run.error, "/dev/full: " + systemText(ENOSPC) + '\n') << format;
+    }
+}
+
+TEST(FieldConvertPicks, AnInterruptLeavesTheOlderOutput)
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const Picks picks;
+        // Nobody writes the topography, so the command waits with its output begun.
+        ASSERT_EQ(mkfifo(picks.path("ground.txt").c_str(), 0600), 0);
+        const std::vector<std::string> before = picks.names();
+        QProcess process;
+        picks.start(process, {"convert", "a.vs", "--topography", "ground.txt", "-o", "line.otte"});
+        ASSERT_TRUE(waitUntil([&] { return picks.names().size() > before.size(); }));
+        EXPECT_EQ(readFile(picks.path("line.otte")), "older");
+        sendSignal(process, signal);
+        EXPECT_EQ(finish(process), (FieldRun{-signal, "", ""}));
+        EXPECT_EQ(picks.names(), before);
+        EXPECT_EQ(readFile(picks.path("line.otte")), "older");
     }
 }

@@ -119,12 +119,17 @@ TEST(FieldPickContent, SeisImager)
 
 TEST(FieldPickContent, Generic)
 {
-    for (const std::string row :
-         {"0;212.3;0.01\n", "0;212.3;0.01;good\n", "0\t212.3\t0.01\n", "0 212.3 0.01\n",
-          "0,212.3,0.01\n", "0, 212.3, 0.01\n", "0,5;212,3;0,01\n", "0,5 212,3 0,01\n",
-          " 0;212.3;\n", "0;212.3;*\n", "0;212.3;nan\n", "+1e1;2.;-1\n"}) {
+    const std::vector<std::pair<std::string, std::string>> rows = {
+        {"-5;212\n", "0;212.3;0.01\n"},     {"-5;212\n", "0;212.3;0.01;good\n"},
+        {"-5\t212\n", "0\t212.3\t0.01\n"},  {"-5 212\n", "0 212.3 0.01\n"},
+        {"-5,212\n", "0,212.3,0.01\n"},     {"-5, 212\n", "0, 212.3, 0.01\n"},
+        {"-5,5;212\n", "0,5;212,3;0,01\n"}, {"-5,5 212\n", "0,5 212,3 0,01\n"},
+        {"-5;212\n", "0;212.3;*\n"},        {"-5;212\n", "0;212.3;nan\n"},
+        {"-5;212\n", "+1e1;2.;-1\n"},       {"-5;212\n", "1;2;3\n 0;212.3;\n"},
+    };
+    for (const auto &[shot, row] : rows) {
         EXPECT_EQ(claimsOf(row), "generic") << row;
-        EXPECT_EQ(claimsOf("x z t\n-5;212\n" + row + row), "generic") << row;
+        EXPECT_EQ(claimsOf("x z t\n" + shot + row + row), "generic") << row;
     }
     // A bad row does not hide what the file is.
     EXPECT_EQ(claimsOf("0;212;0.01\n5;2l2;0.02\n10;212\n15;212;0.03\n"), "generic");

@@ -1,45 +1,26 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
-#include "traveltime/generic_text.h"
-
-#include "tests/support/reading.h"
+#include "tests/support/generic_reading.h"
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <limits>
-#include <system_error>
+#include <sstream>
 
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-const char subscript[] = "out of range: invalid vector subscript";
-const char position[] = "out of range: invalid string position";
-
-/// Reads one file of this text as the first shot; `survey` gets what it holds.
-std::string readText(const std::string &text, TraveltimeSurvey &survey, Problem &problem)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.write("shot.txt", text);
-    return outcomeOf([&] {
-        SpreadIndex index;
-        return readGenericTraveltimes(path, survey.traveltimes, survey.spreads, {}, 0, index,
-                                      problem);
-    });
-}
-
 /// "x elevation time" of each receiver of a file of this text, a line each.
 std::string receiversOf(const std::string &text)
 {
-    TraveltimeSurvey survey;
-    Problem problem;
-    const std::string outcome = readText(text, survey, problem);
-    if (outcome != "0" || problem.detail != "" || survey.spreads.size() != 1
+    const Reading reading = readText(text);
+    const TraveltimeSurvey &survey = reading.survey;
+    if (reading.outcome != "0" || reading.report.failure || survey.spreads.size() != 1
         || survey.traveltimes.size() != 1
         || survey.spreads[0].size() != survey.traveltimes[0].times.size())
-        return "not one shot: " + outcome;
+        return "not one shot: " + reading.outcome;
     std::ostringstream lines;
     for (std::size_t i = 0; i < survey.spreads[0].size(); ++i)
         lines << survey.spreads[0][i].x << ' ' << survey.spreads[0][i].elevation << ' '
@@ -47,52 +28,25 @@ std::string receiversOf(const std::string &text)
     return lines.str();
 }
 
+/// The remarks on a file that both forms read without a failure.
+Texts remarksOn(const std::string &text)
+{
+    const Reading reading = readText(text);
+    EXPECT_EQ(reading.outcome, "0") << text;
+    EXPECT_EQ(failureOf(reading.report), "") << text;
+    return remarksOf(reading.report);
+}
+
 /// Expects that a file of this text is refused in this way and leaves the survey alone.
-void expectRefused(const std::string &text, const std::string &outcome, std::size_t line,
-                   const std::string &detail)
+void expectRefused(const std::string &text, const std::string &outcome, const std::string &failure)
 {
     SCOPED_TRACE(testing::PrintToString(text));
-    TraveltimeSurvey survey{{{7, 8, 9.0, 10.0, {0.5}}}, {{{1.0, 2.0}}}, {}};
-    Problem problem{"shot.txt"};
-    EXPECT_EQ(readText(text, survey, problem), outcome);
-    EXPECT_EQ(problem.file, "shot.txt");
-    EXPECT_EQ(problem.line, line);
-    EXPECT_EQ(problem.detail, detail);
-    EXPECT_EQ(survey.traveltimes.size(), 1u);
-    EXPECT_EQ(survey.spreads.size(), 1u);
+    const TraveltimeSurvey before{{{7, 8, 9.0, 10.0, {0.5}}}, {{{1.0, 2.0}}}, {}};
+    const Reading reading = readText(text, before);
+    EXPECT_EQ(reading.outcome, outcome);
+    EXPECT_EQ(failureOf(reading.report), failure);
+    EXPECT_TRUE(sameSurvey(reading.survey, before));
 }
-
-/// The output for files of these texts, with the i-th shot at x i and elevation 50.
-std::string converted(const std::vector<std::string> &texts)
-{
-    const TemporaryFolder folder;
-    std::vector<std::string> files;
-    std::vector<double> xs;
-    for (const std::string &text : texts) {
-        xs.push_back(static_cast<double>(files.size()));
-        files.push_back(folder.write("shot" + std::to_string(files.size()) + ".txt", text));
-    }
-    const std::vector<double> elevations(texts.size(), 50.0);
-    const std::string path = folder.path("line.otte");
-    const std::string outcome =
-        outcomeOf([&] { return convertGenericText(files, path, xs, elevations); });
-    return outcome == "0" ? readFile(path) : outcome;
-}
-
-/// Expects that both forms of the driver fail in this way and leave the output alone.
-void expectFailure(const std::vector<std::string> &files, const std::vector<double> &xs,
-                   const std::vector<double> &elevations, const std::string &outcome,
-                   const Problem &expected)
-{
-    expectConversionFails(
-        [&](const std::string &path) { return convertGenericText(files, path, xs, elevations); },
-        [&](const std::string &path, Problem &problem) {
-            return convertGenericText(files, path, xs, elevations, problem);
-        },
-        outcome, expected);
-}
-
-const char twoReceivers[] = "0;100;0.001\n5;100;0.004\n";
 
 } // namespace
 
@@ -118,24 +72,24 @@ TEST(GenericLine, SemicolonsInARowAreOne)
 
 TEST(GenericLine, TwoFieldsAreRefused)
 {
-    expectRefused("4;100\n", subscript, 1, "2 fields, 3 expected");
+    expectRefused("4;100\n", invalidSubscript, "1: 2 fields, 3 expected: invalid vector subscript");
 }
 
 TEST(GenericLine, EmptyLineIsRefused)
 {
-    expectRefused("\n", subscript, 1, "0 fields, 3 expected");
+    expectRefused("\n", invalidSubscript, "1: 0 fields, 3 expected: invalid vector subscript");
 }
 
 TEST(GenericLine, LineOfSpacesIsRefused)
 {
-    expectRefused("   \n", subscript, 1, "0 fields, 3 expected");
+    expectRefused("   \n", invalidSubscript, "1: 0 fields, 3 expected: invalid vector subscript");
 }
 
 TEST(GenericLine, LineOfSemicolonsIsRefused)
 {
-    expectRefused(";;\n", position, 1, "nothing but delimiters");
-    expectRefused(";\n", position, 1, "nothing but delimiters");
-    expectRefused("  ;;\n", position, 1, "nothing but delimiters");
+    expectRefused(";;\n", invalidPosition, "1: nothing but delimiters: invalid string position");
+    expectRefused(";\n", invalidPosition, "1: nothing but delimiters: invalid string position");
+    expectRefused("  ;;\n", invalidPosition, "1: nothing but delimiters: invalid string position");
 }
 
 TEST(GenericLine, OtherLinesThatAreRead)
@@ -174,10 +128,10 @@ TEST(GenericLine, NumbersAsTheyAreTyped)
         {"1e-400", 0.0},   {"-1.5", -1.5},    {"1.5e-3", 0.0015},
     };
     for (const auto &[text, value] : cases) {
-        TraveltimeSurvey survey;
-        Problem problem;
         // A leading 1 keeps the first number from losing its leading spaces.
-        EXPECT_EQ(readText("1;1;1\n" + text + ';' + text + ';' + text, survey, problem), "0");
+        const Reading reading = readText("1;1;1\n" + text + ';' + text + ';' + text);
+        EXPECT_EQ(reading.outcome, "0") << text;
+        const TraveltimeSurvey &survey = reading.survey;
         ASSERT_EQ(survey.spreads.at(0).size(), 2u) << text;
         EXPECT_EQ(survey.spreads[0][1].x, value) << text;
         EXPECT_EQ(survey.spreads[0][1].elevation, value) << text;
@@ -185,19 +139,12 @@ TEST(GenericLine, NumbersAsTheyAreTyped)
     }
 }
 
-TEST(GenericLine, NanMakesASpreadOfItsOwn)
-{
-    EXPECT_EQ(converted({"nan;100;nan\n", "nan;100;0.001\n"}),
-              "otte\n1.0\n2\n2\nnan;\n100;\nnan;\n100;\n0;1;\n50;50;\n0\n0\nnan;\n1\n1\n1;\n");
-}
-
 TEST(GenericReader, TwoReceiversAndTheirShot)
 {
-    const TemporaryFolder folder;
-    const std::string path = folder.write("shot.txt", twoReceivers);
-    TraveltimeSurvey survey;
-    const Shot shot{-1.0, 100.5, "elsewhere"};
-    EXPECT_EQ(readGenericTraveltimes(path, survey.traveltimes, survey.spreads, shot, 42), 0);
+    const Reading reading = readText(fileOf(genericLines), {}, {-1.0, 100.5, "elsewhere"}, 42);
+    EXPECT_EQ(reading.outcome, "0");
+    EXPECT_EQ(failureOf(reading.report), "");
+    const TraveltimeSurvey &survey = reading.survey;
     ASSERT_EQ(survey.spreads.size(), 1u);
     ASSERT_EQ(survey.spreads[0].size(), 2u);
     EXPECT_EQ(survey.spreads[0][0].x, 0.0);
@@ -214,9 +161,11 @@ TEST(GenericReader, TwoReceiversAndTheirShot)
 
 TEST(GenericReader, AppendsToTheSurvey)
 {
-    TraveltimeSurvey survey{{{7, 8, 9.0, 10.0, {0.5}}}, {{}, {{0.0, 100.0}, {5.0, 100.0}}}, {}};
-    Problem problem;
-    EXPECT_EQ(readText(twoReceivers, survey, problem), "0");
+    const TraveltimeSurvey before{
+        {{7, 8, 9.0, 10.0, {0.5}}}, {{}, {{0.0, 100.0}, {5.0, 100.0}}}, {}};
+    const Reading reading = readText(fileOf(genericLines), before);
+    EXPECT_EQ(reading.outcome, "0");
+    const TraveltimeSurvey &survey = reading.survey;
     EXPECT_EQ(survey.spreads.size(), 2u);
     ASSERT_EQ(survey.traveltimes.size(), 2u);
     EXPECT_EQ(survey.traveltimes[0].spreadIndex, 7u);
@@ -232,26 +181,26 @@ TEST(GenericReader, ReceiversAreNotSortedOrMerged)
 TEST(GenericReader, FirstLineIsAReceiverToo)
 {
     EXPECT_EQ(receiversOf("-1;100;0\n0;100;0.001\n"), "-1 100 0\n0 100 0.001\n");
-    expectRefused("-1;100\n0;100;0.001\n", subscript, 1, "2 fields, 3 expected");
+    expectRefused("-1;100\n0;100;0.001\n", invalidSubscript,
+                  "1: 2 fields, 3 expected: invalid vector subscript");
 }
 
 TEST(GenericReader, EmptyLineAnywhereIsRefused)
 {
-    expectRefused("\n0;100;0.001\n", subscript, 1, "0 fields, 3 expected");
-    expectRefused("0;100;0.001\n\n5;100;0.004\n", subscript, 2, "0 fields, 3 expected");
-    expectRefused("0;100;0.001\n5;100;0.004\n\n", subscript, 3, "0 fields, 3 expected");
-    expectRefused("0;100;0.001\n  ", subscript, 2, "0 fields, 3 expected");
+    expectRefused("\n0;100;0.001\n", invalidSubscript,
+                  "1: 0 fields, 3 expected: invalid vector subscript");
+    expectRefused("0;100;0.001\n\n5;100;0.004\n", invalidSubscript,
+                  "2: 0 fields, 3 expected: invalid vector subscript");
+    expectRefused("0;100;0.001\n5;100;0.004\n\n", invalidSubscript,
+                  "3: 0 fields, 3 expected: invalid vector subscript");
+    expectRefused("0;100;0.001\n  ", invalidSubscript,
+                  "2: 0 fields, 3 expected: invalid vector subscript");
 }
 
 TEST(GenericReader, FinalLineEndIsOptional)
 {
     EXPECT_EQ(receiversOf("0;100;0.001\n5;100;0.004\n"), "0 100 0.001\n5 100 0.004\n");
     EXPECT_EQ(receiversOf("0;100;0.001\n5;100;0.004"), "0 100 0.001\n5 100 0.004\n");
-}
-
-TEST(GenericReader, EmptyFileIsAnEmptyShot)
-{
-    EXPECT_EQ(converted({""}), "otte\n1.0\n2\n1\n\n\n0;\n50;\n0\n0\n\n");
 }
 
 TEST(GenericReader, EveryLineEndGivesTheSameNumbers)
@@ -264,9 +213,11 @@ TEST(GenericReader, EveryLineEndGivesTheSameNumbers)
 
 TEST(GenericReader, CarriageReturnStaysInTheLine)
 {
-    expectRefused("0;100;0.001\r\n\r\n", subscript, 2, "1 field, 3 expected");
-    expectRefused("4;100\r\n", subscript, 1, "2 fields, 3 expected");
-    expectRefused(";;\r\n", subscript, 1, "2 fields, 3 expected");
+    expectRefused("0;100;0.001\r\n\r\n", invalidSubscript,
+                  "2: 1 field, 3 expected: invalid vector subscript");
+    expectRefused("4;100\r\n", invalidSubscript,
+                  "1: 2 fields, 3 expected: invalid vector subscript");
+    expectRefused(";;\r\n", invalidSubscript, "1: 2 fields, 3 expected: invalid vector subscript");
     EXPECT_EQ(receiversOf("4;100;\r\n"), "4 100 0\n");
     EXPECT_EQ(receiversOf("4;100;\r\r\n"), "4 100 0\n");
     EXPECT_EQ(receiversOf("0;100;0.001\r5;100;0.004\r"), "0 100 0.001\n");
@@ -277,17 +228,21 @@ TEST(GenericReader, NamesTheLineThatItRefuses)
     std::string text;
     for (int receiver = 0; receiver < 16; ++receiver)
         text += "0;100;0.001\n";
-    expectRefused(text + "80;100\n", subscript, 17, "2 fields, 3 expected");
-    expectRefused(text + ";\n80;100\n", position, 17, "nothing but delimiters");
+    expectRefused(text + "80;100\n", invalidSubscript,
+                  "17: 2 fields, 3 expected: invalid vector subscript");
+    expectRefused(text + ";\n80;100\n", invalidPosition,
+                  "17: nothing but delimiters: invalid string position");
 }
 
 TEST(GenericReader, MissingFileIsAnEmptyShot)
 {
     const TemporaryFolder folder;
-    TraveltimeSurvey survey{{}, {{}}, {}};
-    EXPECT_EQ(readGenericTraveltimes(folder.path("missing.txt"), survey.traveltimes, survey.spreads,
-                                     {-1.0, 100.0, ""}, 3),
-              0);
+    const Reading reading =
+        readPath(folder.path("missing.txt"), {{}, {{}}, {}}, {-1.0, 100.0, ""}, 3);
+    EXPECT_EQ(reading.outcome, "0");
+    EXPECT_EQ(failureOf(reading.report), "the file cannot be opened");
+    EXPECT_EQ(remarksOf(reading.report), Texts{});
+    const TraveltimeSurvey &survey = reading.survey;
     ASSERT_EQ(survey.spreads.size(), 2u);
     EXPECT_TRUE(survey.spreads[1].empty());
     ASSERT_EQ(survey.traveltimes.size(), 1u);
@@ -298,32 +253,21 @@ TEST(GenericReader, MissingFileIsAnEmptyShot)
     EXPECT_TRUE(survey.traveltimes[0].times.empty());
 }
 
-TEST(GenericReader, MissingFileIsTold)
+TEST(GenericReader, EmptyFileIsTold)
 {
-    const TemporaryFolder folder;
-    TraveltimeSurvey survey;
-    SpreadIndex index;
-    Problem problem;
-    readGenericTraveltimes(folder.path("missing.txt"), survey.traveltimes, survey.spreads, {}, 0,
-                           index, problem);
-    EXPECT_EQ(problem.detail, "the file cannot be opened");
-}
-
-TEST(GenericReader, FileWithoutReceiversIsRemarked)
-{
-    TraveltimeSurvey survey;
-    Problem problem;
-    EXPECT_EQ(readText("", survey, problem), "0");
-    EXPECT_EQ(problem.detail, "");
-    EXPECT_EQ(problem.remark, "there are no receivers in this file");
+    const Reading reading = readText("");
+    EXPECT_EQ(reading.outcome, "0");
+    EXPECT_EQ(failureOf(reading.report), "the file is empty");
+    EXPECT_EQ(remarksOf(reading.report), Texts{});
 }
 
 TEST(GenericReader, FolderIsAnEmptyShot)
 {
     const TemporaryFolder folder;
-    TraveltimeSurvey survey;
-    EXPECT_EQ(readGenericTraveltimes(folder.path(""), survey.traveltimes, survey.spreads, {}, 0),
-              0);
+    const Reading reading = readPath(folder.path(""));
+    EXPECT_EQ(reading.outcome, "0");
+    EXPECT_EQ(failureOf(reading.report), "the file cannot be opened");
+    const TraveltimeSurvey &survey = reading.survey;
     ASSERT_EQ(survey.spreads.size(), 1u);
     EXPECT_TRUE(survey.spreads[0].empty());
     ASSERT_EQ(survey.traveltimes.size(), 1u);
@@ -333,245 +277,80 @@ TEST(GenericReader, FolderIsAnEmptyShot)
 TEST(GenericReader, FileThatCannotBeReadIsAnEmptyShot)
 {
     // It opens, but its first byte cannot be read.
-    TraveltimeSurvey survey;
-    EXPECT_EQ(outcomeOf([&] {
-                  return readGenericTraveltimes("/proc/self/mem", survey.traveltimes,
-                                                survey.spreads, {}, 0);
-              }),
-              "0");
+    const Reading reading = readPath("/proc/self/mem");
+    EXPECT_EQ(reading.outcome, "0");
+    EXPECT_EQ(failureOf(reading.report), "the file cannot be read to its end");
+    EXPECT_EQ(remarksOf(reading.report), Texts{});
+    const TraveltimeSurvey &survey = reading.survey;
     ASSERT_EQ(survey.spreads.size(), 1u);
     EXPECT_TRUE(survey.spreads[0].empty());
     ASSERT_EQ(survey.traveltimes.size(), 1u);
     EXPECT_TRUE(survey.traveltimes[0].times.empty());
 }
 
-TEST(GenericReader, TellsThatAFileCannotBeRead)
+TEST(GenericRemarks, NoneOnAFileWithoutAFault)
 {
-    TraveltimeSurvey survey;
-    SpreadIndex index;
-    Problem problem{"/proc/self/mem"};
-    EXPECT_EQ(readGenericTraveltimes("/proc/self/mem", survey.traveltimes, survey.spreads, {}, 0,
-                                     index, problem),
-              0);
-    EXPECT_EQ(problem.detail, "the file cannot be read to its end");
+    EXPECT_EQ(remarksOn(fileOf(genericLines)), Texts{});
+    EXPECT_EQ(remarksOn("  3;101.5;0.0123;extra\r\n-3.;+1e2;.5;;\r\n"), Texts{});
+    EXPECT_EQ(remarksOn("1; 2 ;\t3 \n1;;2;3"), Texts{});
 }
 
-TEST(GenericDriver, TwoReceiversAndTheirShot)
+TEST(GenericRemarks, FieldsThatAreNotWhollyNumbers)
 {
-    const TemporaryFolder folder;
-    const std::string path = folder.path("line.otte");
-    EXPECT_EQ(convertGenericText({folder.write("shot.txt", twoReceivers)}, path, {-1.0}, {100.0}),
-              0);
-    EXPECT_EQ(readFile(path), "otte\n"
-                              "1.0\n"
-                              "2\n"
-                              "1\n"
-                              "0;5;\n"
-                              "100;100;\n"
-                              "-1;\n"
-                              "100;\n"
-                              "0\n"
-                              "0\n"
-                              "1;4;\n");
-}
-
-TEST(GenericDriver, FilesOnTheSameReceiversShareASpread)
-{
-    EXPECT_EQ(converted({"0;100;0.001\n5;100;0.004\n", "0;100;0.005\n5;100;0.002\n",
-                         "0;100;0.003\n5.5;100;0.006\n"}),
-              "otte\n"
-              "1.0\n"
-              "2\n"
-              "2\n"
-              "0;5;\n"
-              "100;100;\n"
-              "0;5.5;\n"
-              "100;100;\n"
-              "0;1;2;\n"
-              "50;50;50;\n"
-              "0\n"
-              "0\n"
-              "1;4;\n"
-              "0\n"
-              "1\n"
-              "5;2;\n"
-              "1\n"
-              "2\n"
-              "3;6;\n");
-}
-
-TEST(GenericDriver, EmptyShotsNeverShareASpread)
-{
-    EXPECT_EQ(converted({"", "0;100;0.001\n", ""}),
-              "otte\n1.0\n2\n3\n\n\n0;\n100;\n\n\n0;1;2;\n50;50;50;\n"
-              "0\n0\n\n"
-              "1\n1\n1;\n"
-              "2\n2\n\n");
-}
-
-TEST(GenericDriver, MissingFileConvertsAsAnEmptyShot)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.path("line.otte");
-    const std::vector<std::string> files = {
-        folder.path("missing.txt"), folder.write("shot.txt", "0;100;0.001\n"), folder.path("")};
-    EXPECT_EQ(convertGenericText(files, path, {1.0, 2.0, 3.0}, {50.0, 51.0, 52.0}), 0);
-    EXPECT_EQ(readFile(path), "otte\n1.0\n2\n3\n\n\n0;\n100;\n\n\n1;2;3;\n50;51;52;\n"
-                              "0\n0\n\n"
-                              "1\n1\n1;\n"
-                              "2\n2\n\n");
-}
-
-TEST(GenericDriver, FileThatCannotBeReadConvertsAndIsTold)
-{
-    const TemporaryFolder folder;
-    const std::string good = folder.write("shot.txt", "0;100;0.001\n");
-    const std::string mem = "/proc/self/mem";
-    const std::string path = folder.path("line.otte");
-    Problem problem;
-    EXPECT_EQ(
-        convertGenericText({good, mem, good}, path, {1.0, 2.0, 3.0}, {50.0, 51.0, 52.0}, problem),
-        0);
-    EXPECT_EQ(readFile(path), "otte\n1.0\n2\n2\n0;\n100;\n\n\n1;2;3;\n50;51;52;\n"
-                              "0\n0\n1;\n"
-                              "1\n1\n\n"
-                              "0\n2\n1;\n");
-    EXPECT_EQ(problem.file, mem);
-    EXPECT_EQ(problem.line, 1u); // where it cannot be read on
-    EXPECT_EQ(problem.detail, "the file cannot be read to its end");
-}
-
-TEST(GenericDriver, NoFilesMakeAnEmptyOutput)
-{
-    EXPECT_EQ(converted({}), "otte\n1.0\n2\n0\n\n\n");
-}
-
-TEST(GenericDriver, ShotPositionsBeyondTheFilesAreNotRead)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.path("line.otte");
-    EXPECT_EQ(convertGenericText({folder.write("shot.txt", "0;100;0.001\n")}, path, {1.0, 2.0, 3.0},
-                                 {50.0, 51.0}),
-              0);
-    EXPECT_EQ(readFile(path), "otte\n1.0\n2\n1\n0;\n100;\n1;\n50;\n0\n0\n1;\n");
-}
-
-TEST(GenericDriver, MissingShotPositionFails)
-{
-    const TemporaryFolder folder;
-    const std::vector<std::string> files = {folder.write("shot1.txt", twoReceivers),
-                                            folder.write("shot2.txt", twoReceivers),
-                                            folder.write("shot3.txt", twoReceivers)};
-    const struct
-    {
-        std::vector<double> xs;
-        std::vector<double> elevations;
-        std::size_t file;
-    } cases[] = {
-        {{}, {}, 0},
-        {{1.0, 2.0, 3.0}, {}, 0},
-        {{}, {1.0, 2.0, 3.0}, 0},
-        {{1.0}, {1.0, 2.0, 3.0}, 1},
-        {{1.0, 2.0, 3.0}, {1.0, 2.0}, 2},
-        {{1.0, 2.0}, {1.0, 2.0}, 2},
-    };
-    for (const auto &[xs, elevations, file] : cases) {
-        SCOPED_TRACE(testing::PrintToString(xs) + testing::PrintToString(elevations));
-        expectFailure(files, xs, elevations, subscript,
-                      {files[file], 0, "no shot position is given for this file"});
+    for (const NumberText &number : numberTexts) {
+        const Texts remarks = *number.remark == '\0'
+                                  ? Texts{}
+                                  : Texts{std::string("not a number, 2: ") + number.remark};
+        const std::string text = number.text;
+        EXPECT_EQ(remarksOn("1;1;1\n" + text + ";100;0.001\n"), remarks);
+        EXPECT_EQ(remarksOn("1;1;1\n0;" + text + ";0.001\n"), remarks);
+        if (text[0] != '-') {
+            EXPECT_EQ(remarksOn("1;1;1\n0;100;" + text + "\n"), remarks);
+        }
     }
+    EXPECT_EQ(remarksOn("x;elevation;time\n0;100;0.001 s\r\n0 ; 0x10 ; \n"),
+              (Texts{"not a number, 1: \"x\" is read as 0: it is no plain number",
+                     "not a number, 1: \"elevation\" is read as 0: it is no plain number",
+                     "not a number, 1: \"time\" is read as 0: it is no plain number",
+                     "not a number, 2: \"0.001 s\" is read as 0.001: it is no plain number",
+                     "not a number, 3: \"0x10\" is read as 16: it is no plain number",
+                     "not a number, 3: \"\" is read as 0: it is no plain number"}));
 }
 
-TEST(GenericDriver, MalformedFileLeavesTheOutputAlone)
+TEST(GenericRemarks, ALineThatBeginsWithASemicolon)
 {
-    const TemporaryFolder folder;
-    const std::string good = folder.write("good.txt", twoReceivers);
-    const std::string twoFields = folder.write("two fields.txt", "0;100;0.001\n5;100\n");
-    const std::string delimiters = folder.write("delimiters.txt", "0;100;0.001\n5;100;1\n;;\n");
-    const std::vector<double> three(3, 0.0);
-    expectFailure({twoFields, good, good}, three, three, subscript,
-                  {twoFields, 2, "2 fields, 3 expected"});
-    expectFailure({good, good, twoFields}, three, three, subscript,
-                  {twoFields, 2, "2 fields, 3 expected"});
-    expectFailure({good, delimiters, good}, three, three, position,
-                  {delimiters, 3, "nothing but delimiters"});
+    const std::string remark = "the line begins with a delimiter: its first field, \"3\", is read "
+                               "twice, so that all others shift";
+    EXPECT_EQ(remarksOn("0;100;0.001\n;3;101;0.02\n"), Texts{"shifted line, 2: " + remark});
+    EXPECT_EQ(remarksOn("  ;3;101;0.02\n"), Texts{"shifted line, 1: " + remark});
 }
 
-TEST(GenericDriver, TheFirstFailureInFileOrderCounts)
+TEST(GenericRemarks, TimesBelowZero)
 {
-    const TemporaryFolder folder;
-    const std::string good = folder.write("good.txt", twoReceivers);
-    const std::string bad = folder.write("bad.txt", ";\n");
-    expectFailure({bad, good}, {0.0}, {0.0}, position, {bad, 1, "nothing but delimiters"});
-    expectFailure({good, bad}, {0.0}, {0.0}, subscript,
-                  {bad, 0, "no shot position is given for this file"});
+    EXPECT_EQ(
+        remarksOn("0;100;0.001\n5;100;-1\n"),
+        Texts{"negative time, 2: a time of -1000 ms goes into the output like any other, also "
+              "where it means \"not picked\""});
 }
 
-TEST(GenericDriver, OutputInAMissingFolderIsOne)
+TEST(GenericRemarks, TheWorstThatSixDigitsDoNotHold)
 {
-    const TemporaryFolder folder;
-    const std::string shot = folder.write("shot.txt", twoReceivers);
-    const std::string path = folder.path("missing/line.otte");
-    EXPECT_EQ(convertGenericText({shot}, path, {0.0}, {0.0}), 1);
-    Problem problem;
-    EXPECT_EQ(convertGenericText({shot}, path, {0.0}, {0.0}, problem), 1);
-    EXPECT_EQ(problem.file, path);
-    EXPECT_EQ(problem.line, 0u);
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOENT));
+    EXPECT_EQ(remarksOn("12345.67;100;2.3456784\n0;12345.64;0.001\n0;100;2.3456774\n"),
+              (Texts{"rounded position, 2: a position of 12345.64 m becomes 12345.6 m, as the "
+                     "output has six digits",
+                     "rounded time, 3: a time of 2345.6774 ms becomes 2345.68 ms, as the output "
+                     "has six digits"}));
 }
 
-TEST(GenericDriver, FullDiskIsZeroAndTold)
+TEST(GenericRemarks, TenOfAKindAndACount)
 {
-    const TemporaryFolder folder;
-    const std::string shot = folder.write("shot.txt", twoReceivers);
-    EXPECT_EQ(convertGenericText({shot}, "/dev/full", {0.0}, {0.0}), 0);
-    Problem problem;
-    EXPECT_EQ(convertGenericText({shot}, "/dev/full", {0.0}, {0.0}, problem), 0);
-    EXPECT_EQ(problem.file, "/dev/full");
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOSPC));
-}
-
-TEST(GenericDriver, SuccessTellsNothing)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.path("line.otte");
-    Problem problem;
-    EXPECT_EQ(convertGenericText({folder.write("shot.txt", "0;100;0.001\n")}, path, {1.0}, {50.0},
-                                 problem),
-              0);
-    EXPECT_EQ(problem.detail, "");
-    EXPECT_EQ(readFile(path), "otte\n1.0\n2\n1\n0;\n100;\n1;\n50;\n0\n0\n1;\n");
-}
-
-TEST(GenericDriver, FileNamesWithBlanksAndLettersOutsideOfAscii)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.path("Ausgabe é 測線.otte");
-    EXPECT_EQ(convertGenericText({folder.write("Schuß 1 Übung.txt", "0;100;0.001\n")}, path, {1.0},
-                                 {50.0}),
-              0);
-    EXPECT_EQ(readFile(path), "otte\n1.0\n2\n1\n0;\n100;\n1;\n50;\n0\n0\n1;\n");
-}
-
-TEST(GenericDriver, ShotPositionsArePrintedInSixDigits)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.path("line.otte");
-    const std::string shot = folder.write("shot.txt", "999999.5;0.00001;1e3\n");
-    EXPECT_EQ(convertGenericText({shot, shot}, path, {1234567.0, -0.0}, {0.0001, 100000.0}), 0);
-    EXPECT_EQ(readFile(path), "otte\n1.0\n2\n1\n1e+06;\n1e-05;\n1.23457e+06;-0;\n0.0001;100000;\n"
-                              "0\n0\n1e+06;\n0\n1\n1e+06;\n");
-}
-
-TEST(GenericDriver, WritesNoMessage)
-{
-    const TemporaryFolder folder;
-    CapturedStreams streams;
-    outcomeOf([&] {
-        return convertGenericText({folder.path("missing.txt"), folder.write("bad.txt", "1\n")},
-                                  folder.path("line.otte"), {0.0, 1.0}, {0.0, 1.0});
-    });
-    streams.finish();
-    EXPECT_EQ(streams.output, "");
-    EXPECT_EQ(streams.error, "");
+    std::string text;
+    for (int i = 0; i < 25; ++i)
+        text += "x;100;0.001\n";
+    const Reading reading = readText(text);
+    EXPECT_EQ(reading.report.remarks.size(), 10U);
+    EXPECT_EQ(remarksOf(reading.report).back(),
+              "not a number, 10: \"x\" is read as 0: it is no plain number");
+    ASSERT_EQ(reading.report.remarkCounts.size(), 1U);
+    EXPECT_EQ(reading.report.remarkCounts.begin()->second, 25U);
 }

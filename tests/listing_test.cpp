@@ -12,16 +12,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
-#include <fcntl.h>
-#include <filesystem>
-#include <iostream>
 #include <limits>
 #include <new>
 #include <random>
 #include <sstream>
 #include <stdexcept>
-#include <system_error>
-#include <unistd.h>
 
 namespace {
 
@@ -32,38 +27,49 @@ const std::string &heading = listingHeading;
 const std::string invalidSubscript = "invalid vector subscript";
 
 /// The samples 10 t, 10 t + 1, ... of trace t, eight of them, in any number of traces.
-std::vector<float> eightSamples(std::size_t trace, std::uint32_t count)
-{
-    std::vector<float> samples;
-    while (samples.size() < std::min<std::size_t>(count, 8))
-        samples.push_back(static_cast<float>(10 * trace + samples.size()));
-    return samples;
-}
+const RecordSamples eightSamples = {
+    [](std::size_t, std::uint32_t count) { return std::min(count, 8U); },
+    [](std::size_t trace, std::uint32_t count) {
+        std::vector<float> samples;
+        while (samples.size() < std::min<std::size_t>(count, 8))
+            samples.push_back(static_cast<float>(10 * trace + samples.size()));
+        return samples;
+    },
+};
 
 struct Converted
 {
     bool result = false;
     std::string output;
-    std::string error;
     std::string seg2;
-    Problem problem = {};
+    Report report = {};
 };
 
 Converted convert(const std::string &listing, std::optional<double> sourceX = 0.0,
-                  const TraceSamples &samples = eightSamples)
+                  const RecordSamples &samples = eightSamples)
 {
     const TemporaryFolder folder;
     const std::string listingPath = folder.write("line_tmp", listing);
     Converted converted;
+    converted.report.place = {"line.su"};
+    std::ostringstream progress;
     CapturedStreams streams;
-    converted.result =
-        convertListing(listingPath, folder.path("line.seg2"), sourceX, samples, converted.problem);
+    converted.result = convertListing(listingPath, folder.path("line.seg2"), sourceX, samples,
+                                      &progress, converted.report);
     streams.finish();
-    converted.output = streams.output;
-    converted.error = streams.error;
+    EXPECT_EQ(streams.output + streams.error, "");
+    EXPECT_EQ(converted.report.result, 0);
+    EXPECT_EQ(converted.report.error, nullptr);
+    converted.output = progress.str();
     converted.seg2 = readFile(folder.path("line.seg2"));
     EXPECT_EQ(readFile(listingPath), listing);
     return converted;
+}
+
+/// What a failure of the system at a file is.
+Failure systemFailure(const std::string &path, int code)
+{
+    return {{path}, systemText(code)};
 }
 
 Strings strings(const std::string &delay, const std::string &receiver, const std::string &interval,
@@ -90,7 +96,7 @@ void expectOneTrace(const LineCase &expected, const std::string &behind)
     const auto &[line, sampleCount, delay, interval, receiver] = expected;
     const Converted converted = convert(heading + line + behind);
     EXPECT_TRUE(converted.result) << line;
-    EXPECT_EQ(converted.error, "") << line;
+    EXPECT_EQ(converted.report.printed, "") << line;
     EXPECT_EQ(converted.output, sampleCount == 2 ? "TraceINDEX : 0\n0\n1\n" : "TraceINDEX : 0\n")
         << line;
     const ParsedSeg2 seg2 = parseSeg2(converted.seg2);
@@ -104,12 +110,12 @@ void expectOneTrace(const LineCase &expected, const std::string &behind)
 TEST(WriteListing, HeadingAndALineForEachTrace)
 {
     const TemporaryFolder folder;
-    Problem problem;
+    Report report;
     CapturedStreams streams;
     EXPECT_TRUE(writeListing(
         folder.path("line_tmp"),
         {{1000, 0, 0.00025, 12.5, 0.0, 0.0}, {0, 4294967295, 1.0 / 3.0, -0.0, 1234567.0, 0.00001}},
-        problem));
+        report));
     streams.finish();
     EXPECT_EQ(readFile(folder.path("line_tmp")),
               "TRACE_SORT   AS_ACQUIRED\n"
@@ -120,8 +126,8 @@ TEST(WriteListing, HeadingAndALineForEachTrace)
               "No.     Samples   (s)     (s)        X           Y         Z\n"
               "1    1000      0     0.00025     12.5      0      0\n"
               "2    0      4294967295     0.333333     -0      1.23457e+06      1e-05\n");
-    EXPECT_EQ(streams.output + streams.error, "");
-    EXPECT_EQ(problem.detail, "");
+    EXPECT_EQ(streams.output + streams.error + report.printed, "");
+    EXPECT_EQ(report.failure, std::nullopt);
 }
 
 TEST(WriteListing, ValuesAreZeroUntilGiven)
@@ -138,17 +144,17 @@ TEST(WriteListing, ValuesAreZeroUntilGiven)
 TEST(WriteListing, WithoutTracesTheHeadingAlone)
 {
     const TemporaryFolder folder;
-    Problem problem;
-    EXPECT_TRUE(writeListing(folder.path("line_tmp"), {}, problem));
+    Report report;
+    EXPECT_TRUE(writeListing(folder.path("line_tmp"), {}, report));
     EXPECT_EQ(readFile(folder.path("line_tmp")), heading);
 }
 
 TEST(WriteListing, IntervalThatIsInfinite)
 {
     const TemporaryFolder folder;
-    Problem problem;
+    Report report;
     const double infinite = std::numeric_limits<double>::infinity();
-    EXPECT_TRUE(writeListing(folder.path("line_tmp"), {{1, 0, infinite}}, problem));
+    EXPECT_TRUE(writeListing(folder.path("line_tmp"), {{1, 0, infinite}}, report));
     EXPECT_EQ(readFile(folder.path("line_tmp")),
               heading + "1    1      0     inf     0      0      0\n");
 }
@@ -156,9 +162,9 @@ TEST(WriteListing, IntervalThatIsInfinite)
 TEST(WriteListing, ReplacesAnOlderListing)
 {
     const TemporaryFolder folder;
-    Problem problem;
+    Report report;
     folder.write("line_tmp", std::string(10000, 'x'));
-    EXPECT_TRUE(writeListing(folder.path("line_tmp"), {}, problem));
+    EXPECT_TRUE(writeListing(folder.path("line_tmp"), {}, report));
     EXPECT_EQ(readFile(folder.path("line_tmp")), heading);
 }
 
@@ -166,25 +172,25 @@ TEST(WriteListing, ListingThatCannotBeCreated)
 {
     const TemporaryFolder folder;
     const std::string path = folder.path("");
-    Problem problem;
+    Report report;
     CapturedStreams streams;
-    EXPECT_FALSE(writeListing(path, {}, problem));
-    streams.finish();
-    EXPECT_EQ(streams.error, "Error in opening file " + path + '\n');
-    EXPECT_EQ(streams.output, "");
-    EXPECT_EQ(problem.file, path);
-    EXPECT_EQ(problem.detail, std::generic_category().message(EISDIR));
-}
-
-TEST(WriteListing, FullDiskIsToldInTheProblemAlone)
-{
-    Problem problem;
-    CapturedStreams streams;
-    EXPECT_TRUE(writeListing("/dev/full", {}, problem));
+    EXPECT_FALSE(writeListing(path, {}, report));
     streams.finish();
     EXPECT_EQ(streams.output + streams.error, "");
-    EXPECT_EQ(problem.file, "/dev/full");
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOSPC));
+    EXPECT_EQ(report.printed, "Error in opening file " + path + '\n');
+    EXPECT_EQ(report.failure, systemFailure(path, EISDIR));
+    EXPECT_EQ(report.result, 1);
+}
+
+TEST(WriteListing, FullDiskIsAFailureForCommandsAlone)
+{
+    Report report;
+    CapturedStreams streams;
+    EXPECT_TRUE(writeListing("/dev/full", {}, report));
+    streams.finish();
+    EXPECT_EQ(streams.output + streams.error + report.printed, "");
+    EXPECT_EQ(report.failure, systemFailure("/dev/full", ENOSPC));
+    EXPECT_EQ(report.result, 0);
 }
 
 TEST(ConvertListing, EveryTraceGetsTheValuesOfItsLine)
@@ -194,10 +200,10 @@ TEST(ConvertListing, EveryTraceGetsTheValuesOfItsLine)
                                               "2    3      2.5     0.5     1      -2      3\n",
                                         -7.25);
     EXPECT_TRUE(converted.result);
-    EXPECT_EQ(converted.error, "");
+    EXPECT_EQ(converted.report.printed, "");
     EXPECT_EQ(converted.output, "TraceINDEX : 0\n0\n1\nTraceINDEX : 1\n10\n11\n12\n");
-    EXPECT_EQ(converted.problem.detail, "");
-    EXPECT_EQ(converted.problem.remark, "");
+    EXPECT_EQ(converted.report.failure, std::nullopt);
+    EXPECT_EQ(converted.report.remarks, std::vector<Remark>());
     const ParsedSeg2 seg2 = parseSeg2(converted.seg2);
     EXPECT_EQ(seg2.strings, (Strings{"TRACE_SORT AS_ACQUIRED", "UNITS METERS"}));
     ASSERT_EQ(seg2.traces.size(), 2U);
@@ -242,8 +248,9 @@ TEST(ConvertListing, FirstTwoPairsAreFileStrings)
 {
     const Converted converted = convert("UNITS FEET\nOPERATOR me\nNOTE no\nZ\n");
     EXPECT_TRUE(converted.result);
-    EXPECT_EQ(converted.error, "WARNING: Keyword OPERATOR is not a standard keyword for the file "
-                               "descriptor block.\n");
+    EXPECT_EQ(converted.report.printed,
+              "WARNING: Keyword OPERATOR is not a standard keyword for the file "
+              "descriptor block.\n");
     EXPECT_EQ(parseSeg2(converted.seg2).strings, (Strings{"OPERATOR me", "UNITS FEET"}));
 }
 
@@ -270,7 +277,9 @@ TEST(ConvertListing, WithoutTracesOnlyTheFileStrings)
 {
     const Converted converted = convert(heading);
     EXPECT_TRUE(converted.result);
-    EXPECT_EQ(converted.error, "");
+    EXPECT_EQ(converted.report.printed, "");
+    EXPECT_EQ(converted.report.failure,
+              (Failure{{"line.su"}, "no trace can be read back from the listing"}));
     EXPECT_EQ(converted.seg2,
               bytes("55 3A 00 00 00 00 00 00 01 00 20 01 0A 20 '                  '"
                     "19 00 'TRACE_SORT AS_ACQUIRED' 00 0F 00 'UNITS METERS' 00 00 00 '  '"));
@@ -326,38 +335,42 @@ TEST(ConvertListing, TraceWithFewerSamplesThanItsLineSaysIsAnException)
 {
     const Converted converted = convert(heading + "1 8 0 1 0 0 0\n2 9 0 1 0 0 0\n3 1 0 1 0 0 0\n");
     EXPECT_FALSE(converted.result);
-    EXPECT_EQ(converted.error, "EXCEPTION!\n");
+    EXPECT_EQ(converted.report.printed, "EXCEPTION!\n");
     EXPECT_EQ(converted.output, "TraceINDEX : 0\n0\n1\n2\n3\n4\n5\n6\n7\n"
                                 "TraceINDEX : 1\n10\n11\n12\n13\n14\n15\n16\n17\n");
     EXPECT_EQ(converted.seg2, "");
-    EXPECT_EQ(converted.problem.detail, invalidSubscript);
+    EXPECT_EQ(converted.report.failure,
+              (Failure{{"line.su"}, "the listing says 9 samples for trace 2, which has 8"}));
 }
 
 TEST(ConvertListing, EveryExceptionOfTheSamplesEndsIt)
 {
-    const Converted outOfRange = convert(heading + "1 8 0 1 0 0 0\n", 0.0,
-                                         [](std::size_t, std::uint32_t) -> std::vector<float> {
-                                             throw std::out_of_range(invalidSubscript);
-                                         });
+    RecordSamples samples = eightSamples;
+    samples.read = [](std::size_t, std::uint32_t) -> std::vector<float> {
+        throw std::out_of_range(invalidSubscript);
+    };
+    const Converted outOfRange = convert(heading + "1 8 0 1 0 0 0\n", 0.0, samples);
     EXPECT_FALSE(outOfRange.result);
-    EXPECT_EQ(outOfRange.error, "EXCEPTION!\n");
+    EXPECT_EQ(outOfRange.report.printed, "EXCEPTION!\n");
     EXPECT_EQ(outOfRange.seg2, "");
-    const Converted noMemory =
-        convert(heading + "1 8 0 1 0 0 0\n", 0.0,
-                [](std::size_t, std::uint32_t) -> std::vector<float> { throw std::bad_alloc(); });
+    ASSERT_NE(outOfRange.report.failure, std::nullopt);
+    EXPECT_EQ(outOfRange.report.failure->text, invalidSubscript);
+    samples.read = [](std::size_t, std::uint32_t) -> std::vector<float> { throw std::bad_alloc(); };
+    const Converted noMemory = convert(heading + "1 8 0 1 0 0 0\n", 0.0, samples);
     EXPECT_FALSE(noMemory.result);
-    EXPECT_EQ(noMemory.error, "EXCEPTION!\n");
+    EXPECT_EQ(noMemory.report.printed, "EXCEPTION!\n");
 }
 
-TEST(ConvertListing, WithoutASourceItIsAnExceptionBehindTheHeading)
+TEST(ConvertListing, WithoutASourceItIsAnExceptionAfterTheHeading)
 {
     const Converted converted = convert("UNITS FEET A B Z 1 1 0 1 0 0 0", std::nullopt);
     EXPECT_FALSE(converted.result);
-    EXPECT_EQ(converted.error, "WARNING: Keyword A is not a standard keyword for the file "
-                               "descriptor block.\nEXCEPTION!\n");
+    EXPECT_EQ(converted.report.printed, "WARNING: Keyword A is not a standard keyword for the file "
+                                        "descriptor block.\nEXCEPTION!\n");
     EXPECT_EQ(converted.output, "");
     EXPECT_EQ(converted.seg2, "");
-    EXPECT_EQ(converted.problem.detail, invalidSubscript);
+    ASSERT_NE(converted.report.failure, std::nullopt);
+    EXPECT_EQ(converted.report.failure->text, invalidSubscript);
 }
 
 TEST(ConvertListing, ReplacesAnOlderSeg2File)
@@ -365,83 +378,70 @@ TEST(ConvertListing, ReplacesAnOlderSeg2File)
     const TemporaryFolder folder;
     folder.write("line_tmp", heading);
     folder.write("line.seg2", std::string(10000, 'x'));
-    Problem problem;
+    Report report;
     EXPECT_TRUE(convertListing(folder.path("line_tmp"), folder.path("line.seg2"), 0.0, eightSamples,
-                               problem));
+                               nullptr, report));
     EXPECT_EQ(parseSeg2(readFile(folder.path("line.seg2"))).strings.size(), 2U);
 }
 
-TEST(ConvertListing, Seg2FileThatCannotBeCreatedIsToldInTheProblemAlone)
+TEST(ConvertListing, Seg2FileThatCannotBeCreatedIsAFailureForCommandsAlone)
 {
     const TemporaryFolder folder;
     folder.write("line_tmp", heading + "1 1 0 1 0 0 0\n2 1 0 1 0 0 0\n");
-    Problem problem;
-    CapturedStreams streams;
-    EXPECT_TRUE(
-        convertListing(folder.path("line_tmp"), folder.path(""), 0.0, eightSamples, problem));
-    streams.finish();
-    EXPECT_EQ(streams.error, "");
-    EXPECT_EQ(streams.output, "TraceINDEX : 0\n0\nTraceINDEX : 1\n10\n");
-    EXPECT_EQ(problem.file, folder.path(""));
-    EXPECT_EQ(problem.detail, std::generic_category().message(EISDIR));
-    EXPECT_EQ(problem.remark, "");
+    Report report;
+    std::ostringstream progress;
+    EXPECT_TRUE(convertListing(folder.path("line_tmp"), folder.path(""), 0.0, eightSamples,
+                               &progress, report));
+    EXPECT_EQ(report.printed, "");
+    EXPECT_EQ(progress.str(), "TraceINDEX : 0\n0\nTraceINDEX : 1\n10\n");
+    EXPECT_EQ(report.failure, systemFailure(folder.path(""), EISDIR));
 }
 
-TEST(ConvertListing, FullDiskIsToldInTheProblemAlone)
+TEST(ConvertListing, FullDiskIsAFailureForCommandsAlone)
 {
     const TemporaryFolder folder;
     folder.write("line_tmp", heading + "1 1 0 1 0 0 0\n");
-    Problem problem;
-    CapturedStreams streams;
-    EXPECT_TRUE(convertListing(folder.path("line_tmp"), "/dev/full", 0.0, eightSamples, problem));
-    streams.finish();
-    EXPECT_EQ(streams.error, "");
-    EXPECT_EQ(problem.file, "/dev/full");
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOSPC));
+    Report report;
+    EXPECT_TRUE(
+        convertListing(folder.path("line_tmp"), "/dev/full", 0.0, eightSamples, nullptr, report));
+    EXPECT_EQ(report.printed, "");
+    EXPECT_EQ(report.failure, systemFailure("/dev/full", ENOSPC));
 }
 
-TEST(ConvertListing, MoreTracesThanASeg2FileCanPointAtAreRemarked)
+TEST(ConvertListing, MoreTracesThanASeg2FileCanPointToAreAFailureForCommandsAlone)
 {
     std::string lines;
     for (int i = 0; i < 16383; ++i)
         lines += "1 0 0 1 0 0 0\n";
     const Converted most = convert(heading + lines);
-    EXPECT_EQ(most.problem.remark, "");
+    EXPECT_EQ(most.report.failure, std::nullopt);
     EXPECT_EQ(parseSeg2(most.seg2).traces.size(), 16383U);
     const Converted tooMany = convert(heading + lines + "1 0 0 1 0 0 0\n");
     EXPECT_TRUE(tooMany.result);
-    EXPECT_EQ(tooMany.problem.detail, "");
-    EXPECT_NE(tooMany.problem.remark.find("16384 traces"), std::string::npos)
-        << tooMany.problem.remark;
+    EXPECT_EQ(tooMany.report.failure,
+              (Failure{{"line.su"},
+                       "16384 traces, and a SEG2 file can point to 16383: split the record"}));
     EXPECT_EQ(parseSeg2(tooMany.seg2).traces.size(), 16384U);
 }
 
-TEST(ConvertListing, ProgressThatNobodyReadsIsNotEvenMade)
+TEST(ConvertListing, SamplesAreReadOnlyToBePrintedAndToBeWritten)
 {
-    const std::string listing = heading + "1 2 0 0.5 3 0 0\n2 1 0 0.5 6 0 0\n";
-    const std::string expected = convert(listing).seg2;
     const TemporaryFolder folder;
-    folder.write("line_tmp", listing);
-    const auto expectNoProgress = [&folder, &expected] {
-        std::ostringstream made;
-        std::streambuf *before = std::cout.rdbuf(made.rdbuf());
-        Problem problem;
-        EXPECT_TRUE(convertListing(folder.path("line_tmp"), folder.path("line.seg2"), 0.0,
-                                   eightSamples, problem));
-        std::cout.rdbuf(before);
-        EXPECT_EQ(made.str(), "");
-        EXPECT_EQ(readFile(folder.path("line.seg2")), expected);
+    folder.write("line_tmp", heading + "1 2 0 0.5 3 0 0\n2 1 0 0.5 6 0 0\n");
+    std::vector<std::size_t> tracesRead;
+    RecordSamples samples = eightSamples;
+    samples.read = [&tracesRead](std::size_t trace, std::uint32_t count) {
+        tracesRead.push_back(trace);
+        return eightSamples.read(trace, count);
     };
-    std::cout.flush();
-    const int outputBefore = dup(STDOUT_FILENO);
-    const int nullDevice = open("/dev/null", O_WRONLY);
-    dup2(nullDevice, STDOUT_FILENO);
-    close(nullDevice);
-    expectNoProgress();
-    close(STDOUT_FILENO);
-    expectNoProgress();
-    dup2(outputBefore, STDOUT_FILENO);
-    close(outputBefore);
+    Report report;
+    EXPECT_TRUE(convertListing(folder.path("line_tmp"), folder.path("line.seg2"), 0.0, samples,
+                               nullptr, report));
+    EXPECT_EQ(tracesRead, (std::vector<std::size_t>{0, 1}));
+    std::ostringstream progress;
+    EXPECT_TRUE(convertListing(folder.path("line_tmp"), folder.path("line.seg2"), 0.0, samples,
+                               &progress, report));
+    EXPECT_EQ(tracesRead, (std::vector<std::size_t>{0, 1, 0, 1, 0, 1}));
 }
 
 TEST(ConvertListing, DamagedListingsNeverCrash)
@@ -462,7 +462,8 @@ TEST(ConvertListing, DamagedListingsNeverCrash)
     for (const std::string &listing : damaged) {
         const Converted converted = convert(listing);
         if (!converted.result) {
-            EXPECT_TRUE(converted.error.ends_with("EXCEPTION!\n")) << listing;
+            EXPECT_TRUE(converted.report.printed.ends_with("EXCEPTION!\n")) << listing;
+            EXPECT_NE(converted.report.failure, std::nullopt) << listing;
             EXPECT_EQ(converted.seg2, "") << listing;
             continue;
         }

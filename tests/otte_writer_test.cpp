@@ -3,7 +3,7 @@
 
 #include "traveltime/otte_writer.h"
 
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 
 #include <gtest/gtest.h>
 
@@ -22,9 +22,16 @@ std::string written(const TraveltimeSurvey &survey)
     return readFile(path);
 }
 
-std::int32_t write(const std::string &path, const TraveltimeSurvey &survey, Problem &problem)
+/// What the inner form reports of writing a survey; it writes nothing to the standard streams.
+Report reportOf(const std::string &path, const TraveltimeSurvey &survey)
 {
-    return writeOtteFile(path, survey.traveltimes, survey.spreads, survey.shots, problem);
+    Report report;
+    CapturedStreams streams;
+    const bool wentWell = writeOtte(path, survey, report);
+    streams.finish();
+    EXPECT_EQ(streams.output + streams.error, "");
+    EXPECT_EQ(wentWell, !report.failure);
+    return report;
 }
 
 /// The line of times that the writer makes of one time.
@@ -186,11 +193,9 @@ TEST(OtteWriter, MissingFolderIsOne)
     const TemporaryFolder folder;
     const std::string path = folder.path("missing/line.otte");
     EXPECT_EQ(writeOtteFile(path, {}, {}, {}), 1);
-    Problem problem;
-    EXPECT_EQ(write(path, {}, problem), 1);
-    EXPECT_EQ(problem.file, path);
-    EXPECT_EQ(problem.line, 0u);
-    EXPECT_EQ(problem.detail, systemText(ENOENT));
+    const Report report = reportOf(path, {});
+    EXPECT_EQ(report.failure, (Failure{{path, 0}, systemText(ENOENT)}));
+    EXPECT_EQ(report.result, 1);
     EXPECT_FALSE(exists(folder.path("missing")));
 }
 
@@ -203,10 +208,9 @@ TEST(OtteWriter, FolderAsOutputIsOne)
 {
     const TemporaryFolder folder;
     EXPECT_EQ(writeOtteFile(folder.path(""), {}, {}, {}), 1);
-    Problem problem;
-    EXPECT_EQ(write(folder.path(""), {}, problem), 1);
-    EXPECT_EQ(problem.file, folder.path(""));
-    EXPECT_EQ(problem.detail, systemText(EISDIR));
+    const Report report = reportOf(folder.path(""), {});
+    EXPECT_EQ(report.failure, (Failure{{folder.path(""), 0}, systemText(EISDIR)}));
+    EXPECT_EQ(report.result, 1);
 }
 
 TEST(OtteWriter, FullDiskIsZeroAndTold)
@@ -216,21 +220,72 @@ TEST(OtteWriter, FullDiskIsZeroAndTold)
         {{0, 0, 0.0, 0.0, std::vector<double>(100000, 0.0123)}}, {}, {}};
     for (const TraveltimeSurvey &survey : {twoShots, large}) {
         EXPECT_EQ(writeOtteFile("/dev/full", survey.traveltimes, survey.spreads, survey.shots), 0);
-        Problem problem;
-        EXPECT_EQ(write("/dev/full", survey, problem), 0);
-        EXPECT_EQ(problem.file, "/dev/full");
-        EXPECT_EQ(problem.line, 0u);
-        EXPECT_EQ(problem.detail, systemText(ENOSPC));
+        const Report report = reportOf("/dev/full", survey);
+        EXPECT_EQ(report.failure, (Failure{{"/dev/full", 0}, systemText(ENOSPC)}));
+        EXPECT_EQ(report.result, 0);
     }
 }
 
 TEST(OtteWriter, SuccessTellsNothing)
 {
     const TemporaryFolder folder;
-    Problem problem{"shot2.txt", 24};
-    EXPECT_EQ(write(folder.path("line.otte"), twoShots, problem), 0);
-    EXPECT_EQ(problem.detail, "");
+    const Report report = reportOf(folder.path("line.otte"), twoShots);
+    EXPECT_EQ(failureOf(report), "");
+    EXPECT_EQ(remarksOf(report), Texts{});
     EXPECT_EQ(readFile(folder.path("line.otte")), twoShotsText);
+}
+
+TEST(OtteWriter, AFailureFromBeforeStays)
+{
+    const TemporaryFolder folder;
+    Report report;
+    fail(report, {"shot2.txt", 24}, "it breaks off", Window::goesOn);
+    EXPECT_FALSE(writeOtte(folder.path("line.otte"), twoShots, report));
+    EXPECT_EQ(readFile(folder.path("line.otte")), twoShotsText);
+    EXPECT_FALSE(writeOtte("/dev/full", twoShots, report));
+    EXPECT_EQ(report.failure, (Failure{{"shot2.txt", 24}, "it breaks off"}));
+    EXPECT_EQ(report.result, 0);
+}
+
+TEST(ConvertToOtte, WritesWhatIsRead)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path("line.otte");
+    EXPECT_EQ(convertToOtte([](TraveltimeSurvey &survey, Report &) { survey = twoShots; }, path),
+              0);
+    EXPECT_EQ(readFile(path), twoShotsText);
+}
+
+TEST(ConvertToOtte, WritesNothingWhereTheWindowStops)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path("line.otte");
+    EXPECT_EQ(
+        convertToOtte([](TraveltimeSurvey &, Report &report) { fail(report, "no keyword"); }, path),
+        1);
+    EXPECT_EQ(outcomeOf([&] {
+                  return convertToOtte(
+                      [](TraveltimeSurvey &, Report &report) {
+                          attempt(report, [] { throw std::length_error("vector too long"); });
+                      },
+                      path);
+              }),
+              tooLong);
+    EXPECT_FALSE(exists(path));
+}
+
+TEST(ConvertToOtte, WritesWhereTheWindowGoesOn)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path("line.otte");
+    const auto read = [](TraveltimeSurvey &survey, Report &report) {
+        survey = twoShots;
+        fail(report, "it breaks off", Window::goesOn);
+        remark(report, RemarkKind::notANumber, "\"x\" is read as 0");
+    };
+    EXPECT_EQ(convertToOtte(read, path), 0);
+    EXPECT_EQ(readFile(path), twoShotsText);
+    EXPECT_EQ(convertToOtte(read, folder.path("missing/line.otte")), 1);
 }
 
 TEST(OtteWriter, WritesNoMessage)

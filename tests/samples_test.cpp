@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
+#include "readers/geogiga.h"
+#include "readers/winsism.h"
 #include "seg2/dolang_conversion.h"
 #include "seg2/su_conversion.h"
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 #include "traveltime/drivers.h"
 #include "traveltime/generic_text.h"
+#include "traveltime/survey_checks.h"
 #include "traveltime/text.h"
 
 #include <gtest/gtest.h>
@@ -18,6 +21,54 @@ namespace {
 std::string sample(const std::string &name)
 {
     return SAMPLES_FOLDER "/" + name;
+}
+
+/// The generic samples, with the positions of their shots.
+struct GenericSamples
+{
+    Texts files = {};
+    Numbers shotXs = {};
+    Numbers shotElevations = {};
+};
+
+GenericSamples genericSamples()
+{
+    GenericSamples samples;
+    std::ifstream list = openText(sample("generic/shots.txt"));
+    std::string line;
+    Texts fields;
+    while (std::getline(list, line)) {
+        tokenize(line, fields, ";");
+        EXPECT_EQ(fields.size(), 3U) << line;
+        samples.files.push_back(sample("generic/") + fields.at(0));
+        samples.shotXs.push_back(toDouble(fields.at(1)));
+        samples.shotElevations.push_back(toDouble(fields.at(2)));
+    }
+    EXPECT_EQ(samples.files.size(), 5U);
+    return samples;
+}
+
+/// The SeisImager samples of one shot each.
+Texts seisImagerSamples()
+{
+    Texts files;
+    for (const char *name : {"shot1.vs", "shot2.vs", "shot3.vs", "shot4.vs", "shot5.vs"})
+        files.push_back(sample("seisimager/several/") + name);
+    return files;
+}
+
+/// Expects that all is well with a survey whose times are read as `unit`.
+template <typename Read>
+void expectNothingSaid(const std::string &unit, Read read)
+{
+    SCOPED_TRACE(unit);
+    TraveltimeSurvey survey;
+    Report report;
+    EXPECT_TRUE(read(survey, report));
+    EXPECT_TRUE(checkSurvey(survey, unit, report));
+    EXPECT_EQ(failureOf(report), "");
+    EXPECT_EQ(remarksOf(report), Texts{});
+    EXPECT_EQ(survey.shots.size(), 5U);
 }
 
 /// The same bytes; names the first that is not, for files that hold more than text.
@@ -66,33 +117,50 @@ TEST(Samples, StructuredTraveltimesBecomeTheExpectedOtte)
 TEST(Samples, SeisImagerFilesOfOneShotGiveTheOtteOfTheWholeLine)
 {
     const TemporaryFolder folder;
-    std::vector<std::string> files;
-    for (const char *name : {"shot1.vs", "shot2.vs", "shot3.vs", "shot4.vs", "shot5.vs"})
-        files.push_back(sample("seisimager/several/") + name);
-    EXPECT_EQ(convertSeisImagerFiles(files, folder.path("line.otte")), 0);
+    EXPECT_EQ(convertSeisImagerFiles(seisImagerSamples(), folder.path("line.otte")), 0);
     expectSameFile(folder.path("line.otte"), "seisimager.otte");
 }
 
 TEST(Samples, GenericFilesWithTheListedPositionsBecomeTheExpectedOtte)
 {
-    std::vector<std::string> files;
-    std::vector<double> shotXs;
-    std::vector<double> shotElevations;
-    std::ifstream list = openText(sample("generic/shots.txt"));
-    std::string line;
-    std::vector<std::string> fields;
-    while (std::getline(list, line)) {
-        tokenize(line, fields, ";");
-        ASSERT_EQ(fields.size(), 3U) << line;
-        files.push_back(sample("generic/") + fields[0]);
-        shotXs.push_back(toDouble(fields[1]));
-        shotElevations.push_back(toDouble(fields[2]));
-    }
-    EXPECT_EQ(files.size(), 5U);
-
+    const auto &[files, shotXs, shotElevations] = genericSamples();
     const TemporaryFolder folder;
     EXPECT_EQ(convertGenericText(files, folder.path("line.otte"), shotXs, shotElevations), 0);
     expectSameFile(folder.path("line.otte"), "generic.otte");
+}
+
+TEST(Samples, TraveltimesAreReadWithoutAWord)
+{
+    expectNothingSaid("milliseconds", [](TraveltimeSurvey &survey, Report &report) {
+        return readSeisImagerFiles({sample("seisimager/line.vs")}, survey, report);
+    });
+    expectNothingSaid("milliseconds", [](TraveltimeSurvey &survey, Report &report) {
+        return readSeisImagerFiles(seisImagerSamples(), survey, report);
+    });
+    expectNothingSaid("seconds", [](TraveltimeSurvey &survey, Report &report) {
+        return readGeogiga(sample("geogiga/line.txt"), survey, report);
+    });
+    expectNothingSaid("milliseconds", [](TraveltimeSurvey &survey, Report &report) {
+        return readWinsism(sample("winsism/line.xyz"), survey, report);
+    });
+    expectNothingSaid("seconds", [](TraveltimeSurvey &survey, Report &report) {
+        const auto &[files, shotXs, shotElevations] = genericSamples();
+        return readGenericFiles(files, shotXs, shotElevations, survey, report);
+    });
+}
+
+TEST(Samples, TimesInTheOtherUnitAreQuestioned)
+{
+    TraveltimeSurvey survey;
+    Report report;
+    ASSERT_TRUE(readGeogiga(sample("geogiga/line.txt"), survey, report));
+    for (ShotTraveltimes &record : survey.traveltimes)
+        for (double &time : record.times)
+            time *= 1000.0;
+    EXPECT_TRUE(checkSurvey(survey, "seconds", report));
+    ASSERT_EQ(report.remarks.size(), 1U);
+    EXPECT_EQ(report.remarks[0].kind, RemarkKind::units);
+    EXPECT_TRUE(report.remarks[0].text.ends_with(" m/s: are these milliseconds?"));
 }
 
 TEST(Samples, GeogigaRowsThatEndInABareLineFeedAreRefused)

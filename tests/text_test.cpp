@@ -3,49 +3,22 @@
 
 #include "traveltime/text.h"
 
-#include "tests/support/support.h"
+#include "tests/support/reading.h"
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cerrno>
-#include <cmath>
-#include <limits>
-#include <random>
 #include <sstream>
-#include <stdexcept>
-#include <system_error>
 
 namespace {
 
 using Fields = std::vector<std::string>;
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-/// Equal with the sign of zero, and NaN equal to NaN.
-bool same(double a, double b)
-{
-    return std::isnan(a) ? std::isnan(b) : a == b && std::signbit(a) == std::signbit(b);
-}
 
 Fields fieldsOf(const std::string &line, const std::string &delimiters)
 {
     Fields fields{"left from the line before"};
     tokenize(line, fields, delimiters);
     return fields;
-}
-
-/// The text of the error that `action` raises, which must be of the class `Error` itself.
-template <typename Error, typename Action>
-std::string textOf(Action action)
-{
-    try {
-        action();
-    } catch (const std::exception &error) {
-        return typeid(error) == typeid(Error) ? error.what() : "an error of another class";
-    }
-    return "no error";
 }
 
 /// What readLine gives for the first line of `text`.
@@ -56,44 +29,6 @@ std::string firstLine(const std::string &text)
     readLine(stream, line);
     return line;
 }
-
-std::string printed(double value)
-{
-    std::string text = "x=";
-    appendNumber(text, value);
-    return text.substr(0, 2) == "x=" ? text.substr(2) : "the text before is lost";
-}
-
-struct NumberText
-{
-    std::string text;
-    double value;
-};
-
-// What every conversion of text to double takes.
-const std::vector<NumberText> numberTexts = {
-    {"1e5", 100000.0},      {"1E5", 100000.0},   {"1e-05", 0.00001},    {"+1.5", 1.5},
-    {"-1.5", -1.5},         {".5", 0.5},         {"5.", 5.0},           {"0x1p3", 8.0},
-    {"0x10", 16.0},         {"-0", -0.0},        {"inf", infinity},     {"-inf", -infinity},
-    {"INFINITY", infinity}, {"nan", notANumber}, {"1,5", 1.0},          {"1.234,5", 1.234},
-    {"1 000", 1.0},         {" 7", 7.0},         {"\t\n\v\f\r 7", 7.0}, {"12abc", 12.0},
-    {"12\r", 12.0},         {"12 m", 12.0},      {"1.5.5", 1.5},        {"1e", 1.0},
-    {"1e+", 1.0},
-};
-
-// No number begins these.
-const std::vector<std::string> otherTexts = {
-    "",
-    " ",
-    "abc",
-    "-",
-    ".",
-    ",5",
-    "e5",
-    "+-1",
-    "\xc2\xa0"
-    "7",
-};
 
 } // namespace
 
@@ -142,8 +77,7 @@ TEST(Tokenize, LineOfDelimitersAloneThrows)
         std::string delimiters;
     } cases[] = {{" ", " "}, {"    ", " "}, {";;", ";"}, {": :", " :"}};
     for (const auto &entry : cases)
-        EXPECT_EQ(textOf<std::out_of_range>([&] { fieldsOf(entry.line, entry.delimiters); }),
-                  "invalid string position")
+        EXPECT_EQ(outcomeOf([&] { fieldsOf(entry.line, entry.delimiters); }), invalidPosition)
             << '"' << entry.line << '"';
 }
 
@@ -269,220 +203,6 @@ TEST(TrimLeadingSpaces, RemovesSpacesAlone)
     }
 }
 
-TEST(ToDouble, ReadsTheLongestNumberThatBeginsTheText)
-{
-    for (const auto &[text, value] : numberTexts)
-        EXPECT_PRED2(same, toDouble(text), value) << testing::PrintToString(text);
-}
-
-TEST(ToDouble, TextWithoutANumberIsZero)
-{
-    for (const std::string &text : otherTexts)
-        EXPECT_PRED2(same, toDouble(text), 0.0) << testing::PrintToString(text);
-}
-
-TEST(ToDouble, ValuesBeyondADoubleAreInfiniteOrZero)
-{
-    EXPECT_EQ(toDouble("1e999"), infinity);
-    EXPECT_EQ(toDouble("-1e999"), -infinity);
-    EXPECT_EQ(toDouble("1e-400"), 0.0);
-}
-
-TEST(ToDoubleOrThrow, ReadsTheLongestNumberThatBeginsTheText)
-{
-    for (const auto &[text, value] : numberTexts)
-        EXPECT_PRED2(same, toDoubleOrThrow(text), value) << testing::PrintToString(text);
-}
-
-TEST(ToDoubleOrThrow, TextWithoutANumberThrows)
-{
-    for (const std::string &text : otherTexts)
-        EXPECT_EQ(textOf<std::invalid_argument>([&] { toDoubleOrThrow(text); }),
-                  "invalid stod argument")
-            << testing::PrintToString(text);
-}
-
-TEST(ToDoubleOrThrow, ValuesBeyondADoubleThrow)
-{
-    for (const std::string text : {"1e999", "-1e999", "1e-400", "-1e-400", "1e999abc"})
-        EXPECT_EQ(textOf<std::out_of_range>([&] { toDoubleOrThrow(text); }),
-                  "stod argument out of range")
-            << text;
-}
-
-TEST(ToDoubleOrThrow, AnErrorFromBeforeDoesNotCount)
-{
-    errno = ERANGE;
-    EXPECT_EQ(toDoubleOrThrow("24"), 24.0);
-}
-
-TEST(ToInt, ReadsTheDecimalIntegerThatBeginsTheText)
-{
-    const struct
-    {
-        std::string text;
-        std::int32_t value;
-    } cases[] = {
-        {"24", 24},
-        {"-1", -1},
-        {"+5", 5},
-        {"010", 10},
-        {" 7", 7},
-        {"\t\n 7", 7},
-        {"12abc", 12},
-        {"24\r", 24},
-        {"2.9", 2},
-        {"1,5", 1},
-        {"1.000", 1},
-        {"1e5", 1},
-        {"0x10", 0},
-        {".5", 0},
-        {"", 0},
-        {" ", 0},
-        {"abc", 0},
-        {"-", 0},
-        {"- 1", 0},
-        {"inf", 0},
-        {"2147483647", 2147483647},
-        {"-2147483648", -2147483647 - 1},
-    };
-    for (const auto &[text, value] : cases)
-        EXPECT_EQ(toInt(text), value) << testing::PrintToString(text);
-}
-
-TEST(ToInt, KeepsTheLow32BitsOfTheClamped64)
-{
-    const struct
-    {
-        std::string text;
-        std::int32_t value;
-    } cases[] = {
-        {"2147483648", -2147483647 - 1},
-        {"4294967295", -1},
-        {"4294967296", 0},
-        {"-4294967297", -1},
-        {"99999999999", 1215752191}, // 23 * 2^32 + 1215752191
-        {"-99999999999", -1215752191},
-        {"9223372036854775807", -1},
-        {"9223372036854775808", -1}, // clamped to 2^63 - 1
-        {"99999999999999999999", -1},
-        {"-9223372036854775808", 0},
-        {"-99999999999999999999", 0}, // clamped to -2^63
-    };
-    for (const auto &[text, value] : cases)
-        EXPECT_EQ(toInt(text), value) << text;
-}
-
-TEST(AppendNumber, PrintsSixSignificantDigits)
-{
-    const struct
-    {
-        double value;
-        std::string text;
-    } cases[] = {
-        {0.0, "0"},
-        {-0.0, "-0"},
-        {1.0, "1"},
-        {12.5, "12.5"},
-        {-2.5, "-2.5"},
-        {1000.0, "1000"},
-        {100000.0, "100000"},
-        {123456.0, "123456"},
-        {999999.0, "999999"},
-        {999999.4, "999999"},
-        {999998.5, "999998"}, // halfway goes to the even digit
-        {999999.5, "1e+06"},
-        {1e6, "1e+06"},
-        {1e5, "100000"},
-        {1234567.0, "1.23457e+06"},
-        {-1234567.0, "-1.23457e+06"},
-        {1e100, "1e+100"},
-        {0.1 + 0.2, "0.3"},
-        {12.3456789, "12.3457"},
-        {0.0001, "0.0001"},
-        {0.00012345678, "0.000123457"},
-        {0.000099999951, "0.0001"},
-        {0.000099999949, "9.99999e-05"},
-        {0.00001, "1e-05"},
-        {0.000025, "2.5e-05"},
-        {1e-100, "1e-100"},
-        {1e-300, "1e-300"},
-        {std::numeric_limits<double>::max(), "1.79769e+308"},
-        {std::numeric_limits<double>::denorm_min(), "4.94066e-324"},
-        {infinity, "inf"},
-        {-infinity, "-inf"},
-        {notANumber, "nan"},
-        {-notANumber, "-nan"},
-    };
-    for (const auto &[value, text] : cases)
-        EXPECT_EQ(printed(value), text);
-}
-
-TEST(AppendNumber, PrintsAsAStreamDoes)
-{
-    std::mt19937_64 bits(20);
-    for (int i = 0; i < 20000; ++i) {
-        // Every second value from the range of field surveys, the others from all there are.
-        const double value = i % 2 == 0 ? std::bit_cast<double>(bits())
-                                        : static_cast<double>(bits() % 2000000000) / 1000.0 - 1e6;
-        std::ostringstream stream;
-        stream << value;
-        EXPECT_EQ(printed(value), stream.str());
-    }
-}
-
-TEST(FixedNumber, PrintsSixDigitsAfterThePoint)
-{
-    const struct
-    {
-        double value;
-        std::string text;
-    } cases[] = {
-        {0.0, "0.000000"},
-        {-0.0, "-0.000000"},
-        {1.0, "1.000000"},
-        {-2.5, "-2.500000"},
-        {12.3456789, "12.345679"},
-        {1234567.0, "1234567.000000"},
-        {999999.9999996, "1000000.000000"},
-        {0.0078125, "0.007812"}, // halfway goes to the even digit
-        {0.0234375, "0.023438"},
-        {1e-7, "0.000000"},
-        {-1e-7, "-0.000000"},
-        {0.000001, "0.000001"},
-        {1e22, "10000000000000000000000.000000"},
-        {infinity, "inf"},
-        {-infinity, "-inf"},
-        {notANumber, "nan"},
-    };
-    for (const auto &[value, text] : cases)
-        EXPECT_EQ(fixedNumber(value), text);
-}
-
-TEST(FixedNumber, HoldsTheLargestDouble)
-{
-    // (2^53 - 1) * 2^971
-    const std::string digits =
-        "179769313486231570814527423731704356798070567525844996598917476803157260780028538760"
-        "589558632766878171540458953514382464234321326889464182768467546703537516986049910576"
-        "551282076245490090389328944075868508455133942304583236903222948165808559332123348274"
-        "797826204144723168738177180919299881250404026184124858368";
-    EXPECT_EQ(fixedNumber(std::numeric_limits<double>::max()), digits + ".000000");
-    EXPECT_EQ(fixedNumber(std::numeric_limits<double>::lowest()), '-' + digits + ".000000");
-}
-
-TEST(FixedNumber, PrintsAsAStreamDoes)
-{
-    std::mt19937_64 bits(22);
-    for (int i = 0; i < 2000; ++i) {
-        const double value = i % 2 == 0 ? std::bit_cast<double>(bits())
-                                        : static_cast<double>(bits() % 2000000000) / 1000.0 - 1e6;
-        std::ostringstream stream;
-        stream << std::fixed << value;
-        EXPECT_EQ(fixedNumber(value), stream.str());
-    }
-}
-
 TEST(OpenText, OpensFilesWithBlanksAndLettersOutsideOfAscii)
 {
     const TemporaryFolder folder;
@@ -519,104 +239,107 @@ TEST(OpenText, FolderIsNotOpened)
     EXPECT_EQ(errno, EISDIR);
 }
 
+TEST(MarkSize, CountsTheBytesOfAByteOrderMark)
+{
+    EXPECT_EQ(markSize("\xEF\xBB\xBFline"), 3U);
+    EXPECT_EQ(markSize("\xFF\xFEl"), 2U);
+    EXPECT_EQ(markSize("\xFE\xFFl"), 2U);
+    EXPECT_EQ(markSize("\xEF\xBBline"), 0U);
+    EXPECT_EQ(markSize("line"), 0U);
+    EXPECT_EQ(markSize(""), 0U);
+}
+
 TEST(LoadText, HoldsTheFileByteByByte)
 {
     const TemporaryFolder folder;
     const std::string bytes = std::string(70000, 'x') + "\r\n\0\xff";
-    Problem problem;
-    const TextFile file = loadText(folder.write("Linie 1 größer.txt", bytes), problem);
+    const std::string path = folder.write("Linie 1 größer.txt", bytes);
+    Report report;
+    report.place = {"the file before", 17};
+    const TextFile file = loadText(path, report);
     EXPECT_TRUE(file.isOpen);
     EXPECT_EQ(file.text, bytes);
-    EXPECT_FALSE(loadText(folder.path("missing.txt"), problem).isOpen);
-    EXPECT_FALSE(loadText(folder.path(""), problem).isOpen);
-    EXPECT_EQ(problem.detail, "");
+    EXPECT_EQ(report.place, (Place{path, 0}));
+    EXPECT_EQ(failureOf(report), "");
+}
+
+TEST(LoadText, AFileThatIsNotOpenedIsLeftToTheReader)
+{
+    const TemporaryFolder folder;
+    for (const std::string &path : {folder.path("missing.txt"), folder.path("")}) {
+        Report report;
+        EXPECT_FALSE(loadText(path, report).isOpen);
+        EXPECT_EQ(report.place, (Place{path, 0}));
+        EXPECT_EQ(failureOf(report), "");
+    }
+}
+
+TEST(LoadText, AnEmptyFileIsAFailureForCommandsAlone)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.write("empty.txt", "");
+    Report report;
+    EXPECT_TRUE(loadText(path, report).isOpen);
+    EXPECT_EQ(report.failure, (Failure{{path, 0}, "the file is empty"}));
+    EXPECT_EQ(report.result, 0);
+    Report other;
+    loadText(folder.write("line end.txt", "\n"), other);
+    EXPECT_EQ(failureOf(other), "");
+}
+
+TEST(LoadText, AFileThatCannotBeReadIsAFailureForCommandsAlone)
+{
+    // It opens, but its first byte cannot be read.
+    Report report;
+    const TextFile file = loadText("/proc/self/mem", report);
+    EXPECT_TRUE(file.isOpen);
+    EXPECT_EQ(file.text, "");
+    EXPECT_EQ(report.failure,
+              (Failure{{"/proc/self/mem", 0}, "the file cannot be read to its end"}));
+    EXPECT_EQ(report.result, 0);
 }
 
 TEST(NextLine, KeepsTheCarriageReturnAndCountsTheLines)
 {
     TextFile file{"one\r\n two\r\r\n\nlast"};
     std::string line;
-    Problem problem;
+    Report report;
     std::size_t number = 0;
     for (const std::string expected : {"one\r", " two\r\r", "", "last"}) {
-        EXPECT_TRUE(nextLine(file, line, problem));
+        EXPECT_TRUE(nextLine(file, line, report));
         EXPECT_EQ(line, expected);
-        EXPECT_EQ(problem.line, ++number);
+        EXPECT_EQ(report.place.line, ++number);
     }
-    EXPECT_EQ(problem.detail, "");
+    EXPECT_EQ(failureOf(report), "");
 }
 
-TEST(NextLine, IsEmptyPastTheEndAndStaysAtTheLineAfterTheLast)
+TEST(NextLine, IsEmptyPastTheEndWhereTheLastLineStaysThePlace)
 {
     for (const std::string text : {"one\n", "one"}) {
         TextFile file{text};
         std::string line;
-        Problem problem;
-        EXPECT_TRUE(nextLine(file, line, problem));
+        Report report;
+        EXPECT_TRUE(nextLine(file, line, report));
         EXPECT_EQ(line, "one");
         for (int past = 0; past < 3; ++past) {
             line = "one";
-            EXPECT_FALSE(nextLine(file, line, problem));
+            EXPECT_FALSE(nextLine(file, line, report));
             EXPECT_EQ(line, "");
-            EXPECT_EQ(problem.line, 2u);
+            EXPECT_EQ(report.place.line, 1U);
         }
+        EXPECT_TRUE(file.failed);
     }
 }
 
-TEST(SplitLine, SplitsAsTokenizeDoes)
+TEST(NextLine, ReadsNothingAfterAFailure)
 {
-    Fields fields{"left from the line before"};
-    Problem problem{"shot3.txt", 17};
-    splitLine(";3;101", fields, ";", problem);
-    EXPECT_EQ(fields, (Fields{"3;101", "3", "101"}));
-    splitLine("", fields, ";", problem);
-    EXPECT_EQ(fields, Fields{});
-    EXPECT_EQ(problem.file, "shot3.txt");
-    EXPECT_EQ(problem.line, 17u);
-    EXPECT_EQ(problem.detail, "");
-}
-
-TEST(SplitLine, TellsOfALineOfDelimitersAlone)
-{
-    Fields fields;
-    Problem problem{"shot3.txt", 17};
-    EXPECT_EQ(textOf<std::out_of_range>([&] { splitLine(";;", fields, ";", problem); }),
-              "invalid string position");
-    EXPECT_EQ(problem.file, "shot3.txt");
-    EXPECT_EQ(problem.line, 17u);
-    EXPECT_EQ(problem.detail, "nothing but delimiters");
-}
-
-TEST(RequireFields, PassesWhenThereAreEnough)
-{
-    Problem problem;
-    requireFields({"1", "2", "3"}, 3, problem);
-    requireFields({"1", "2", "3", "4"}, 3, problem);
-    requireFields({}, 0, problem);
-    EXPECT_EQ(problem.detail, "");
-}
-
-TEST(RequireFields, TellsHowManyAreMissing)
-{
-    const struct
-    {
-        Fields fields;
-        std::size_t expected;
-        std::string detail;
-    } cases[] = {
-        {{"1", "2"}, 3, "2 fields, 3 expected"},
-        {{"1"}, 2, "1 field, 2 expected"},
-        {{}, 3, "0 fields, 3 expected"},
-    };
-    for (const auto &entry : cases) {
-        Problem problem{"shot3.txt", 17};
-        EXPECT_EQ(textOf<std::out_of_range>(
-                      [&] { requireFields(entry.fields, entry.expected, problem); }),
-                  "invalid vector subscript");
-        EXPECT_EQ(problem.file, "shot3.txt");
-        EXPECT_EQ(problem.line, 17u);
-        EXPECT_EQ(problem.detail, entry.detail);
-    }
+    TextFile file{"one\ntwo\n"};
+    file.failed = true;
+    std::string line = "zero";
+    Report report;
+    EXPECT_FALSE(nextLine(file, line, report));
+    EXPECT_EQ(line, "");
+    EXPECT_EQ(report.place.line, 0U);
 }
 
 TEST(RequireHoldable, TenMillionValuesMoreThanBytes)
@@ -625,47 +348,22 @@ TEST(RequireHoldable, TenMillionValuesMoreThanBytes)
     {
         std::uint64_t values;
         std::size_t bytes;
-        const char *detail;
+        const char *failure;
     } cases[] = {
         {10000000, 0, ""},
         {10000005, 5, ""},
-        {10000001, 0, "10000001 values asked for, of 0 bytes"},
-        {10000002, 1, "10000002 values asked for, of 1 byte"},
-        {4294967295, 200, "4294967295 values asked for, of 200 bytes"},
+        {10000001, 0, "6: 10000001 values asked for, of 0 bytes"},
+        {10000002, 1, "6: 10000002 values asked for, of 1 byte"},
+        {4294967295, 200, "6: 4294967295 values asked for, of 200 bytes"},
     };
     for (const auto &asked : cases) {
-        Problem problem{"LINE.ADT", 6};
-        EXPECT_EQ(
-            textOf<std::length_error>([&] { requireHoldable(asked.values, asked.bytes, problem); }),
-            *asked.detail == '\0' ? "no error" : "vector too long")
+        Report report;
+        report.place = {"LINE.ADT", 6};
+        EXPECT_EQ(outcomeOf([&] { requireHoldable(asked.values, asked.bytes, report); }),
+                  *asked.failure == '\0' ? "no error" : tooLong)
             << asked.values;
-        EXPECT_EQ(problem.detail, asked.detail);
-        EXPECT_EQ(problem.line, 6U);
+        EXPECT_EQ(failureOf(report), asked.failure);
     }
-}
-
-TEST(Problems, TheFirstOneIsTheOneTold)
-{
-    Fields fields;
-    Problem problem{"", 0, "number of shots \"many\""};
-    EXPECT_THROW(splitLine(" ", fields, " ", problem), std::out_of_range);
-    EXPECT_THROW(requireFields({}, 2, problem), std::out_of_range);
-    EXPECT_EQ(problem.detail, "number of shots \"many\"");
-}
-
-TEST(Problems, TheSystemsReasonNamesTheFileAndKeepsTheRemark)
-{
-    Problem problem{"line.vs", 17, "", "there are no shots in this file"};
-    errno = ENOSPC;
-    tellSystemError(problem, "line.otte");
-    EXPECT_EQ(problem.file, "line.otte");
-    EXPECT_EQ(problem.line, 0u);
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOSPC));
-    EXPECT_EQ(problem.remark, "there are no shots in this file");
-    errno = EACCES;
-    tellSystemError(problem, "line2.otte");
-    EXPECT_EQ(problem.file, "line.otte");
-    EXPECT_EQ(problem.detail, std::generic_category().message(ENOSPC));
 }
 
 TEST(Counted, AddsThePluralButToOne)

@@ -19,18 +19,19 @@ void remarkOnNumbers(const std::vector<std::string> &files,
                      const std::vector<std::size_t> &shotCounts, const TraveltimeSurvey &survey,
                      Report &report)
 {
+    std::size_t numbered = 0;
+    while (numbered < survey.traveltimes.size()
+           && survey.traveltimes[numbered].shotIndex == numbered)
+        ++numbered;
     const auto other = std::find_if(shotCounts.begin(), shotCounts.end(),
                                     [](std::size_t count) { return count != 1; });
-    for (std::size_t i = 0; i < survey.traveltimes.size(); ++i) {
-        if (survey.traveltimes[i].shotIndex == i)
-            continue;
-        remark(report, RemarkKind::numbering,
-               {files[static_cast<std::size_t>(other - shotCounts.begin())], 2},
-               counted(*other, "shot")
-                   + " in one of several files: the shots are not numbered through, so that picks "
-                     "go to another shot");
+    if (other == shotCounts.end() || numbered == survey.traveltimes.size())
         return;
-    }
+    remark(report, RemarkKind::numbering,
+           {files[static_cast<std::size_t>(other - shotCounts.begin())], 2},
+           counted(*other, "shot")
+               + " in one of several files: the shots are not numbered through, so that picks go "
+                 "to another shot");
 }
 
 } // namespace

@@ -22,6 +22,6 @@ std::int32_t convertSeisImager(std::string inputPath, std::string outputPath);
 /// read, the i-th record of the whole survey, if there is one, gets the shotIndex i: files of one
 /// shot each are numbered through. No files at all give an empty OTTE file.
 std::int32_t convertSeisImagerFiles(std::vector<std::string> files, std::string outputPath);
-/// Its reading alone, with a report.
+/// Its reading alone, with a report, which also remarks on shots that are not numbered through.
 bool readSeisImagerFiles(const std::vector<std::string> &files, TraveltimeSurvey &survey,
                          Report &report);

@@ -3,6 +3,7 @@
 
 #include "traveltime/generic_text.h"
 
+#include "traveltime/fields.h"
 #include "traveltime/otte_writer.h"
 #include "traveltime/project_files.h"
 #include "traveltime/text.h"
@@ -33,14 +34,12 @@ bool readGeneric(const std::string &path, TraveltimeSurvey &survey, const Shot &
         std::vector<std::string> fields;
         while (nextLine(file, line, report)) {
             trimLeadingSpaces(line);
-            splitLine(line, fields, ";", report);
+            splitNumbers(line, fields, ";", report);
             requireFields(fields, 3, report);
             receivers.push_back({readPosition(fields[0], report), readPosition(fields[1], report)});
             times.push_back(readTime(fields[2], 1.0, report));
         }
 
-        if (receivers.empty())
-            remark(report, RemarkKind::noReceivers, "there are no receivers in this file");
         const std::uint32_t spread = findOrAddSpread(survey.spreads, std::move(receivers), index);
         survey.traveltimes.push_back({spread, shotIndex, shot.x, shot.elevation, std::move(times)});
     });
@@ -61,8 +60,8 @@ bool readGenericFiles(const std::vector<std::string> &files, const std::vector<d
                       Report &report)
 {
     SpreadIndex index;
-    return attempt(report, [&] {
-        for (std::size_t i = 0; i < files.size() && !report.error; ++i) {
+    for (std::size_t i = 0; i < files.size() && !report.error; ++i) {
+        attempt(report, [&] {
             report.place = {files[i]};
             if (i >= shotXs.size() || i >= shotElevations.size()) {
                 fail(report, "no shot position is given for this file");
@@ -73,6 +72,7 @@ bool readGenericFiles(const std::vector<std::string> &files, const std::vector<d
             survey.shots.push_back({shotXs[i], shotElevations[i], files[i]});
             readGeneric(files[i], survey, survey.shots.back(), static_cast<std::uint32_t>(i), index,
                         report);
-        }
-    });
+        });
+    }
+    return !report.failure;
 }

@@ -58,15 +58,6 @@ void print(Report &report, const std::string &line)
     report.printed += line + '\n';
 }
 
-void failWithError(Report &report, const std::string &text)
-{
-    report.error = std::current_exception();
-    if (report.failure)
-        report.failure->text += ": " + text;
-    else
-        fail(report, text);
-}
-
 std::int32_t finish(const Report &report)
 {
     if (!report.printed.empty())

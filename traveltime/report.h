@@ -41,7 +41,7 @@ enum class RemarkKind {
     notRead,         ///< lines or bytes after what the file announces
     noShots,         ///< one of several files
     noReceivers,     ///< a shot
-    numbering,       ///< shots that are not numbered through
+    numbering,       ///< shots that are not numbered through, or a number given twice
     layout,          ///< receivers that stand elsewhere than the output says
     negativeTime,    ///< -1 means "not picked" to pickers
     units,           ///< velocities that the ground does not have
@@ -110,8 +110,8 @@ void remarkWorst(Report &report, RemarkKind kind, double size,
 /// Prints a line; see Report::printed.
 void print(Report &report, const std::string &line);
 
-/// Runs `work`, whose errors become the report's failure: what failed with a detail before keeps
-/// it, followed by the error's text. Returns whether all went well.
+/// Runs `work`, whose errors become the report's failure: one that `work` recorded itself is
+/// followed by the error's text, one from before stays as it is. Returns whether all went well.
 template <typename Work>
 bool attempt(Report &report, Work work);
 
@@ -120,16 +120,18 @@ bool attempt(Report &report, Work work);
 /// stops.
 std::int32_t finish(const Report &report);
 
-/// Makes what an exception says the report's failure; to be called while it is handled.
-void failWithError(Report &report, const std::string &text);
-
 template <typename Work>
 bool attempt(Report &report, Work work)
 {
+    const bool failedBefore = report.failure.has_value();
     try {
         work();
     } catch (const std::exception &error) {
-        failWithError(report, error.what());
+        report.error = std::current_exception();
+        if (!report.failure)
+            fail(report, error.what());
+        else if (!failedBefore)
+            report.failure->text += std::string(": ") + error.what();
     }
     return !report.failure;
 }

@@ -3,6 +3,8 @@
 
 #include "traveltime/survey_checks.h"
 
+#include "traveltime/text.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -13,6 +15,8 @@ std::vector<double> velocities(const TraveltimeSurvey &survey)
 {
     std::vector<double> velocities;
     for (const ShotTraveltimes &record : survey.traveltimes) {
+        if (record.spreadIndex >= survey.spreads.size())
+            continue;
         const Spread &receivers = survey.spreads[record.spreadIndex];
         for (std::size_t i = 0; i < std::min(record.times.size(), receivers.size()); ++i) {
             const double velocity = std::abs(receivers[i].x - record.shotX) / record.times[i];
@@ -32,13 +36,15 @@ void checkUnits(const TraveltimeSurvey &survey, const std::string &unit, Report 
     std::nth_element(all.begin(), middle, all.end());
     if (*middle >= 30.0 && *middle <= 30000.0)
         return;
-    const std::string other = unit == "seconds" ? "milliseconds" : "seconds";
     const bool isSlow = *middle < 30.0;
-    const std::string question =
-        isSlow == (unit == "seconds") ? "are these " + other + "?" : "is the length in metres?";
+    const std::string other = unit == "seconds" ? "milliseconds" : "seconds";
+    std::string text =
+        "the times are read as " + unit + ", which makes the median of offset over time ";
+    appendNumber(text, *middle);
     remark(report, RemarkKind::units,
-           "the times are read as " + unit + ", which makes the median of offset over time "
-               + std::to_string(std::llround(*middle)) + " m/s: " + question);
+           text + " m/s: "
+               + (isSlow == (unit == "seconds") ? "are these " + other + "?"
+                                                : "is the length in metres?"));
 }
 
 } // namespace

@@ -46,8 +46,7 @@ char *printPlainly(char *to, double value)
 /// end, and from -4 to 5 without the exponent itself. Returns the end.
 char *layOut(char *to, std::uint32_t digits, int exponent)
 {
-    // Six characters are copied wherever the digits begin: what comes with them from behind the
-    // digits is overwritten or lies behind the end that is returned.
+    // Always copies six characters; surplus ones are overwritten or lie past the returned end.
     std::array<char, 12> text = {};
     for (std::size_t i = 6; i-- > 0; digits /= 10)
         text[i] = static_cast<char>('0' + digits % 10);
@@ -108,45 +107,6 @@ char *printQuickly(char *to, double value)
     }
     *to = '-';
     return layOut(to + (bits >> 63), digits, exponent);
-}
-
-/// The fewest digits that read back as `value`.
-std::string shortest(double value)
-{
-    std::array<char, 32> digits;
-    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
-}
-
-/// Whether `field`, white space around it aside, is a decimal number of this value.
-bool isWholly(const std::string &field, double value)
-{
-    constexpr char whiteSpace[] = " \t\n\v\f\r";
-    const std::size_t begin = field.find_first_not_of(whiteSpace);
-    if (begin == std::string::npos)
-        return false;
-    const char *first = field.data() + begin;
-    const char *const last = field.data() + field.find_last_not_of(whiteSpace) + 1;
-    first += *first == '+' && first + 1 != last && first[1] != '-' ? 1 : 0;
-    double number = 0.0;
-    const auto [end, error] = std::from_chars(first, last, number);
-    return error == std::errc() && end == last && std::isfinite(number) && number == value;
-}
-
-/// Values below `exactBelow` are printed closely enough, whatever they are.
-void remarkOnRounding(double value, double exactBelow, double tolerance, RemarkKind kind,
-                      const char *noun, const char *unit, Report &report)
-{
-    if (std::abs(value) < exactBelow || !std::isfinite(value))
-        return;
-    std::string printed;
-    appendNumber(printed, value);
-    const double error = std::abs(toDouble(printed) - value);
-    if (error <= tolerance * 1.000001)
-        return;
-    remarkWorst(report, kind, error, [&] {
-        return std::string("a ") + noun + " of " + shortest(value) + ' ' + unit + " becomes "
-               + printed + ' ' + unit + ", as the output has six digits";
-    });
 }
 
 } // namespace
@@ -291,113 +251,6 @@ bool nextLine(TextFile &file, std::string &line, Report &report)
     line.assign(file.text, file.position, end - file.position);
     file.position = std::min(end + 1, file.text.size());
     return true;
-}
-
-void splitLine(const std::string &line, std::vector<std::string> &fields,
-               const std::string &delimiters, Report &report)
-{
-    const std::size_t begin = line.find_first_not_of(delimiters);
-    if (begin == std::string::npos && !line.empty())
-        fail(report, "nothing but delimiters");
-    tokenize(line, fields, delimiters);
-    if (begin != std::string::npos && begin > 0)
-        remark(report, RemarkKind::shiftedLine,
-               "the line begins with a delimiter: its second field is read as \"" + fields[1]
-                   + "\", the first of the line again");
-}
-
-void requireFields(const std::vector<std::string> &fields, std::size_t expected, Report &report)
-{
-    if (fields.size() >= expected)
-        return;
-    fail(report, counted(fields.size(), "field") + ", " + std::to_string(expected) + " expected");
-    throwInvalidSubscript();
-}
-
-double readNumber(const std::string &field, Report &report)
-{
-    double number = 0.0;
-    const char *const last = field.data() + field.size();
-    const auto [end, error] = std::from_chars(field.data(), last, number);
-    if (error == std::errc() && end == last && std::isfinite(number))
-        return number;
-    number = toDouble(field);
-    remarkUnlessWhole(field, number, report);
-    return number;
-}
-
-std::int32_t readInteger(const std::string &field, Report &report)
-{
-    const std::int32_t number = toInt(field);
-    remarkUnlessWhole(field, number, report);
-    return number;
-}
-
-double readPosition(const std::string &field, Report &report)
-{
-    const double position = readNumber(field, report);
-    remarkOnPosition(position, report);
-    return position;
-}
-
-double readTime(const std::string &field, double perSecond, Report &report)
-{
-    const double time = readNumber(field, report) / perSecond;
-    remarkOnTime(time, report);
-    return time;
-}
-
-void remarkUnlessWhole(const std::string &field, double value, Report &report)
-{
-    if (isWholly(field, value))
-        return;
-    const std::size_t comma = field.find(',');
-    const bool isDecimalComma = comma != std::string::npos && comma + 1 < field.size()
-                                && field[comma + 1] >= '0' && field[comma + 1] <= '9';
-    remark(
-        report, RemarkKind::notANumber,
-        '"' + field + "\" is read as " + shortest(value)
-            + (isDecimalComma ? ": write a decimal point, no comma" : ": it is no plain number"));
-}
-
-void remarkOnPosition(double metres, Report &report)
-{
-    remarkOnRounding(metres, 10000.0, 0.005, RemarkKind::roundedPosition, "position", "m", report);
-}
-
-void remarkOnTime(double seconds, Report &report)
-{
-    const double milliseconds = seconds * 1000.0;
-    if (milliseconds < 0.0)
-        remark(report, RemarkKind::negativeTime,
-               "a time of " + shortest(milliseconds)
-                   + " ms goes into the output like any other, also where it means \"not picked\"");
-    remarkOnRounding(milliseconds, 1000.0, 0.0005, RemarkKind::roundedTime, "time", "ms", report);
-}
-
-Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,
-              const Report &report)
-{
-    Rest rest;
-    std::string line;
-    while (next(line)) {
-        if (line.find_first_not_of(meaningless) == std::string::npos)
-            continue;
-        if (++rest.lineCount == 1) {
-            rest.first = report.place;
-            rest.firstLine = line;
-        }
-    }
-    return rest;
-}
-
-void remarkOnRest(const Rest &rest, bool isSurvey, Report &report)
-{
-    if (rest.lineCount == 0)
-        return;
-    remark(report, RemarkKind::notRead, rest.first,
-           isSurvey ? "another survey begins here: only the first is read"
-                    : counted(rest.lineCount, "line") + " after the last shot: not read");
 }
 
 void throwInvalidSubscript()

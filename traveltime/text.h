@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <fstream>
-#include <functional>
 #include <istream>
 #include <string>
 #include <vector>
@@ -27,6 +26,12 @@ void readLine(std::istream &stream, std::string &line);
 
 /// Removes leading spaces (code 32 alone: tabs stay).
 void trimLeadingSpaces(std::string &line);
+
+/// What toDouble and toInt skip before a number.
+inline bool isWhiteSpace(char character)
+{
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
 
 /// The longest number that begins `text`, with everything that atof takes: leading white space, a
 /// sign, hexadecimal, "inf", "nan". 0 when there is none.
@@ -70,50 +75,6 @@ TextFile loadText(const std::string &path, Report &report);
 /// Reads up to the next line feed and counts the line in report.place. A carriage return stays.
 /// False past the end of the file, where `line` is empty and the last line stays the place.
 bool nextLine(TextFile &file, std::string &line, Report &report);
-
-/// Splits a line with tokenize, says why a line of delimiters alone has no fields, and remarks on a
-/// line that begins with a delimiter.
-void splitLine(const std::string &line, std::vector<std::string> &fields,
-               const std::string &delimiters, Report &report);
-
-/// Throws std::out_of_range "invalid vector subscript" when there are fewer fields than `expected`.
-void requireFields(const std::vector<std::string> &fields, std::size_t expected, Report &report);
-
-// The fields that a conversion uses: read by toDouble and toInt, with a remark on what is not
-// wholly a number, white space around it aside.
-
-double readNumber(const std::string &field, Report &report);
-std::int32_t readInteger(const std::string &field, Report &report);
-
-/// Metres; also remarks on what six digits do not hold to a centimetre.
-double readPosition(const std::string &field, Report &report);
-
-/// Also remarks on a time below 0, and on what six digits of milliseconds do not hold to a
-/// microsecond. The field holds seconds when `perSecond` is 1, milliseconds when it is 1000.
-/// Returns seconds.
-double readTime(const std::string &field, double perSecond, Report &report);
-
-// What these remark on, for numbers that are read in other ways.
-
-/// On a field that is not wholly a decimal number of the value that is used for it.
-void remarkUnlessWhole(const std::string &field, double value, Report &report);
-void remarkOnPosition(double metres, Report &report);
-void remarkOnTime(double seconds, Report &report);
-
-/// What follows the last shot of a file: lines that hold more than some characters without meaning.
-struct Rest
-{
-    std::size_t lineCount = 0;
-    Place first = {};
-    std::string firstLine = {};
-};
-
-/// Reads the rest of a file by `next`, which gives a line and returns false when there is none.
-Rest readRest(const std::function<bool(std::string &line)> &next, const std::string &meaningless,
-              const Report &report);
-
-/// Remarks on lines that are not read; `isSurvey`: they begin another survey.
-void remarkOnRest(const Rest &rest, bool isSurvey, Report &report);
 
 /// The text of the library that indexes a vector, which users of the window know.
 [[noreturn]] void throwInvalidSubscript();

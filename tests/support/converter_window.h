@@ -7,8 +7,6 @@
 #include "tests/support/support.h"
 #include "tests/support/window.h"
 
-#include <QTest>
-
 #include <memory>
 
 /// What "Convert" showed and wrote to the standard streams.
@@ -22,67 +20,33 @@ struct Outcome
 /// Tests of the converter window, each with a window and a folder of its own.
 class ConverterWindowTests : public QObject
 {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
 protected:
-    /// To be called by init().
-    void openWindow()
-    {
-        prepareTest();
-        folder = std::make_unique<TemporaryFolder>();
-        window = std::make_unique<Convert2VelarixDialog>();
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    }
+    /// Replaces the window by a new one, as after a start of the program.
+    void openWindow();
 
-    /// To be called by cleanup().
-    void closeWindow()
-    {
-        window.reset();
-        folder.reset();
-    }
-
-    QString path(const QString &name) const
-    {
-        return text(folder->path(name.toStdString()));
-    }
-
-    QString file(const std::string &name, const std::string &bytes) const
-    {
-        return text(folder->write(name, bytes));
-    }
+    /// The full name of a file of the folder.
+    QString path(const QString &name) const;
+    /// Writes a file into the folder, by default of one generic receiver line; gives its full name.
+    QString file(const std::string &name, const std::string &bytes = "0;100;0.001\n") const;
 
     /// What a file of the folder holds, "nothing" when there is none.
-    QString written(const QString &name) const
-    {
-        const std::string full = path(name).toStdString();
-        return exists(full) ? text(readFile(full)) : "nothing";
-    }
-
+    QString written(const QString &name) const;
     /// The same, for files that are no text.
-    static QByteArray bytesOf(const std::string &bytes)
-    {
-        return QByteArray::fromStdString(bytes).toPercentEncoding(" ");
-    }
-    QByteArray bytesOf(const char *name) const
-    {
-        const std::string full = folder->path(name);
-        return exists(full) ? bytesOf(readFile(full)) : "nothing";
-    }
+    QByteArray bytesOf(const char *name) const;
+    static QByteArray bytesOf(const std::string &bytes);
 
-    void browse(const char *button, const QStringList &names, const QString &filter) const
-    {
-        QCOMPARE(click(*window, button, {choose(names, filter)}), QStringList());
-    }
+    /// Chooses files with a button of the window.
+    void browse(const char *button, const QStringList &names, const QString &filter) const;
+    /// Chooses a file by page, button and filter; none when these are empty.
+    void chooseAs(const QStringList &choice, const QString &name) const;
 
-    Outcome convert(const std::vector<Answer> &answers = {}) const
-    {
-        Outcome outcome;
-        CapturedStreams streams;
-        outcome.seen = click(*window, "convertButton", answers);
-        streams.finish();
-        outcome.output = text(streams.output);
-        outcome.error = text(streams.error);
-        return outcome;
-    }
+    Outcome convert(const std::vector<Answer> &answers = {}) const;
 
     std::unique_ptr<TemporaryFolder> folder;
     std::unique_ptr<Convert2VelarixDialog> window;

@@ -124,8 +124,7 @@ long megabytesHeld()
 
 void limitMemory()
 {
-#ifndef __SANITIZE_ADDRESS__
     const rlimit gigabyte = {1U << 30, 1U << 30};
-    setrlimit(RLIMIT_AS, &gigabyte);
-#endif
+    if (!isAddressSanitized)
+        setrlimit(RLIMIT_AS, &gigabyte);
 }

@@ -52,6 +52,15 @@ private:
 /// for.
 long megabytesHeld();
 
+/// Whether an address sanitizer, which holds on to memory, watches this process.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr bool isAddressSanitized = true;
+#elif defined(__has_feature)
+inline constexpr bool isAddressSanitized = __has_feature(address_sanitizer);
+#else
+inline constexpr bool isAddressSanitized = false;
+#endif
+
 /// In a new process, before its program: no more than a gigabyte of memory, so that a program that
 /// takes it all takes nobody else's. Not under an address sanitizer, which needs far more
 /// addresses.

@@ -8,6 +8,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -210,6 +211,35 @@ Answer choose(const QStringList &names, const QString &filter, QStringList *chos
         window.accept();
         if (chosen != nullptr)
             *chosen = dialog->selectedFiles();
+    };
+}
+
+Answer lookAround()
+{
+    return [](QDialog &window) {
+        auto *const dialog = qobject_cast<QFileDialog *>(&window);
+        if (dialog == nullptr)
+            return note("no file dialog");
+        const QFileDialog::FileMode mode = dialog->fileMode();
+        note("caption: " + dialog->windowTitle());
+        note(QString("mode: ")
+             + (dialog->acceptMode() == QFileDialog::AcceptSave ? "save " : "open ")
+             + (mode == QFileDialog::ExistingFiles  ? "several"
+                : mode == QFileDialog::ExistingFile ? "one"
+                : mode == QFileDialog::AnyFile      ? "any"
+                                                    : "another"));
+        note("filters: " + dialog->nameFilters().join(";;"));
+        note("filter: " + dialog->selectedNameFilter());
+        if (dialog->directory() != QDir(QDir::homePath()))
+            note("folder: " + dialog->directory().path());
+        if (dialog->parent() == nullptr
+            || dialog->parent()->objectName() != "Convert2VelarixDialog")
+            note("another parent");
+        if (dialog->options() != QFileDialog::Options())
+            note("options");
+        if (!dialog->defaultSuffix().isEmpty())
+            note("suffix: " + dialog->defaultSuffix());
+        window.reject();
     };
 }
 

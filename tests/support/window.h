@@ -72,6 +72,9 @@ void tick(const QWidget &window, const char *box);
 /// filter there unless it is empty. What the dialog then hands out goes to `chosen`.
 Answer choose(const QStringList &names, const QString &filter = {}, QStringList *chosen = nullptr);
 
+/// The answer that notes what a file dialog shows, and cancels.
+Answer lookAround();
+
 /// The answer that cancels.
 Answer cancel();
 
