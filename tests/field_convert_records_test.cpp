@@ -25,7 +25,7 @@ std::string record(ByteOrder byteOrder, float first = 1.5F)
         {0, 1},   {4, 1},  {8, 7},     {12, 1},     {28, 1},   {68, -10}, {70, -10}, {72, -25},
         {80, 50}, {88, 1}, {116, 250}, {156, 2022}, {158, 81}, {160, 13}, {162, 58}, {164, 30}};
     const std::string trace = suTrace(byteOrder, fields, {first, -2.5F});
-    for (const std::size_t offset : {0, 4, 12})
+    for (const std::size_t offset : {0U, 4U, 12U})
         fields[offset] = 2;
     fields[80] = 100;
     return trace + suTrace(byteOrder, fields, {0.25F, 3.0F});
