@@ -5,8 +5,7 @@
 #include "tests/support/convertible_files.h"
 #include "tests/support/faults.h"
 #include "tests/support/odd_files.h"
-#include "tests/support/seg2_parser.h"
-#include "tests/support/small_surveys.h"
+#include "tests/support/older_outputs.h"
 
 #include <gtest/gtest.h>
 
@@ -18,38 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string genericFile = fileOf(genericLines);
-
-/// The command line that converts "line" into "line.otte".
-Arguments traveltimes(const std::string &format)
-{
-    Arguments arguments = {format, "line", "-o", "line.otte"};
-    if (format == "generic")
-        arguments.insert(arguments.end(), {"--shot", "-1,100"});
-    return arguments;
-}
-
-/// A folder with older outputs of everything.
-struct OlderOutputs : BatchFolder
-{
-    OlderOutputs()
-    {
-        for (const char *name :
-             {"line.otte", "line_tmp", "line.seg2", "tmp_ADT", "tmp_CDT", "tmp_RDT",
-              "L_ADT_dolang.seg2", "L_CDT_dolang.seg2", "L_RDT_dolang.seg2"})
-            write(name, "older");
-    }
-};
-
-/// A Dolang set with one channel of each kind.
-void writeDolangSet(const BatchFolder &folder)
-{
-    for (const std::string kind : {"A", "C", "R"}) {
-        folder.write("L." + kind + "DT", "1\n-\n-\n0\n2\n1000\n");
-        folder.write("L." + kind + "01", "7\n-3\n");
-    }
-}
-
 /// The first outputs of records, with the command lines that write them.
 const std::vector<std::pair<std::string, Arguments>> recordOutputs = {
     {"line_tmp", {"su", "line.su"}},
@@ -57,16 +24,6 @@ const std::vector<std::pair<std::string, Arguments>> recordOutputs = {
     {"tmp_ADT", {"dolang", "L"}},
     {"L_ADT_dolang.seg2", {"dolang", "L"}},
 };
-
-/// A million shots of a format, converted with no more than a gigabyte of memory.
-void expectConverted(const std::string &format, const ManyShots &shots,
-                     const std::string &remark = "")
-{
-    const OlderOutputs folder;
-    folder.write("line", shots.input);
-    EXPECT_EQ(folder.run(traveltimes(format), limitMemory), (BatchRun{0, "", remark}));
-    EXPECT_TRUE(readFile(folder.path("line.otte")) == shots.otte);
-}
 
 } // namespace
 
@@ -83,10 +40,6 @@ TEST(BatchFaults, TraveltimesThatAreNot)
     const std::string bigEndianMark = "\xFE\xFF";
     const std::size_t quoted = 1000 - noHeading.size(); // of the 1000 characters of a line
     const std::vector<std::tuple<std::string, std::function<std::string()>, std::string>> cases = {
-        {"geogiga", endlessLine, noKeyword},
-        {"winsism", endlessLine, noHeading + std::string(quoted, 'x') + "..."},
-        {"seisimager", endlessLine, ending},
-        {"generic", endlessLine, oneField},
         {"geogiga", nulBytes, noKeyword},
         {"winsism", nulBytes, noHeading + std::string(quoted, '?') + "..."},
         {"seisimager", nulBytes, ending},
@@ -108,19 +61,12 @@ TEST(BatchFaults, TraveltimesThatAreNot)
     }
 }
 
-TEST(BatchFaults, OddTraveltimesThatConvert)
+TEST(BatchFaults, MarkOfASeisImagerFile)
 {
-    const std::vector<std::tuple<std::string, std::string, std::string>> cases = {
-        {"seisimager", byteOrderMark + seisImagerFile, seisImagerOtte},
-        {"generic", "5;7;0.001;" + endlessLine(), "otte\n1.0\n2\n1\n5;\n7;\n-1;\n100;\n0\n0\n1;\n"},
-    };
-    for (const auto &[format, text, otte] : cases) {
-        SCOPED_TRACE(format);
-        const OlderOutputs folder;
-        folder.write("line", text);
-        EXPECT_EQ(folder.run(traveltimes(format), limitMemory), BatchRun{});
-        EXPECT_EQ(readFile(folder.path("line.otte")), otte);
-    }
+    const OlderOutputs folder;
+    folder.write("line", byteOrderMark + seisImagerFile);
+    EXPECT_EQ(folder.run(traveltimes("seisimager"), limitMemory), BatchRun{});
+    EXPECT_EQ(readFile(folder.path("line.otte")), seisImagerOtte);
 }
 
 TEST(BatchFaults, MarksOfAList)
@@ -177,58 +123,12 @@ TEST(BatchFaults, PipesThatGiveNothing)
     }
 }
 
-TEST(BatchFaults, MillionGeogigaShots)
-{
-    expectConverted("geogiga", manyGeogigaShots());
-}
-
-TEST(BatchFaults, MillionWinsismShots)
-{
-    expectConverted("winsism", manyWinsismShots());
-}
-
-TEST(BatchFaults, MillionSeisImagerShots)
-{
-    // The one at x 1 has no offset; of the 999,999 others the half-millionth stands 499,999 m from
-    // its shot, with 2.5 ms.
-    expectConverted("seisimager", manySeisImagerShots(),
-                    "line: the times are read as milliseconds, which makes the median of offset "
-                    "over time 2e+08 m/s: are these seconds?\n");
-}
-
-TEST(BatchFaults, ListOfAMillionShotsWithABadOne)
-{
-    const OlderOutputs folder;
-    folder.write("s1.txt", genericFile);
-    folder.write("list", repeated("s1.txt;-1;100\n", million - 1) + "s1.txt;-1\n");
-    expectRefused(folder, {"generic", "--shots", "list", "-o", "line.otte"},
-                  "list:1000000: \"file;x;elevation\" expected", limitMemory);
-}
-
 TEST(BatchFaults, SeismicUnixFilesThatAreNot)
 {
     const OlderOutputs folder;
     folder.write("line.su", nulBytes());
     expectRefused(folder, {"su", "line.su"}, "line.su: the header of trace 1 says 0 samples",
                   limitMemory);
-}
-
-TEST(BatchFaults, SeismicUnixFileOfOneEndlessLine)
-{
-    const OlderOutputs folder;
-    folder.write("line.su", endlessLine());
-    // "xx" is 30840: that many samples of 4 bytes after 240. "xxxx" is 2021161080,
-    // which a float holds as 2021161088, and 30840 times that as 62332608708608.
-    EXPECT_EQ(folder.run({"su", "line.su"}, limitMemory),
-              (BatchRun{0, "",
-                        "line.su: trace 1 and 808 more: the delay of 30840 ms becomes 0\n"
-                        "line.su: trace 1 and 808 more: the elevations become 0\n"
-                        "line.su: trace 1 and 808 more: the y coordinates become 0\n"
-                        "line.su: 7600 bytes after the last whole trace: not read\n"
-                        "line.su: trace 1: a position of 6.23326087086e+13 m becomes 6.23326e+13 "
-                        "m, as the output has six digits (the worst of 810)\n"}));
-    // 3312 bytes in front of 809 traces, each a descriptor of 172 and 123360 of samples.
-    EXPECT_EQ(fs::file_size(folder.path("line.seg2")), 3312U + 809U * (172U + 123360U));
 }
 
 TEST(BatchFaults, DolangFilesThatAreNot)
@@ -241,7 +141,6 @@ TEST(BatchFaults, DolangFilesThatAreNot)
         {"L.ADT", byteOrderMark + header, "L.ADT: " + marked},
         {"L.A01", byteOrderMark + "5\n6\n", "L.A01:1: " + marked},
         {"L.ADT", nulBytes(), "L.ADT:1: the number of channels is 0"},
-        {"L.ADT", endlessLine(), "L.ADT:1: the number of channels is 0"},
     };
     for (const auto &[file, text, line] : cases) {
         const OlderOutputs folder;
@@ -258,21 +157,6 @@ TEST(BatchFaults, DolangFilesThatAreNot)
     fs::remove(folder.path("L.A01"));
     fs::create_directory(folder.path("L.A01"));
     expectRefused(folder, {"dolang", "L"}, "L.A01: " + systemText(EISDIR));
-}
-
-TEST(BatchFaults, DolangChannelOfOneEndlessLine)
-{
-    const OlderOutputs folder;
-    writeDolangSet(folder);
-    folder.write("L.A01", "7" + endlessLine());
-    EXPECT_EQ(folder.run({"dolang", "L"}, limitMemory),
-              (BatchRun{0, "",
-                        "L.A01:1: \"7" + std::string(59, 'x')
-                            + "...\" is read as 7: it is no plain number\n"
-                              "L.A01:1: the file ends after 1 of 2 samples: the missing ones are "
-                              "0\n"}));
-    EXPECT_EQ(parseSeg2(readFile(folder.path("L_ADT_dolang.seg2"))).traces.at(0).samples,
-              (std::vector<double>{7.0, 0.0}));
 }
 
 TEST(BatchFaults, CountsThatNoFileCanKeep)
