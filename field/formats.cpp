@@ -162,30 +162,26 @@ FoundFormat findFormat(const std::string &path, const Format *from, Report &repo
 {
     const std::string start = startOf(path);
     const std::vector<FoundFormat> candidates = candidatesFor(start, path);
-    const auto fitting =
-        std::find_if(candidates.begin(), candidates.end(),
-                     [&](const FoundFormat &candidate) { return candidate.format == from; });
-    if (fitting != candidates.end())
-        return *fitting;
-    if (candidates.size() == 1 && (from == nullptr || candidates.front().format->isCertain)) {
+    std::string names;
+    for (const FoundFormat &candidate : candidates) {
+        if (candidate.format == from)
+            return candidate;
+        names += (names.empty() ? "" : " or ") + candidate.format->name;
+    }
+    if (candidates.size() == 1) {
         if (from != nullptr)
             remark(report, RemarkKind::format, {path},
-                   "read as " + candidates.front().format->name
-                       + ", which its content says, not as " + from->name);
+                   "read as " + names + ", which its content says, not as " + from->name);
         return candidates.front();
     }
     if (from != nullptr) {
         if (!candidates.empty())
             remark(report, RemarkKind::format, {path},
-                   "read as " + from->name + ", though its content fits "
-                       + candidates.front().format->name);
+                   "read as " + from->name + ", though its content fits " + names);
         return {from, "--from"};
     }
     if (const Format *const named = formatWrittenTo(path); candidates.empty() && named != nullptr)
         return {named, "its name"}; // its reader says what is wrong with the content
-    std::string names;
-    for (const FoundFormat &candidate : candidates)
-        names += (names.empty() ? "" : " or ") + candidate.format->name;
     fail(report, {path},
          candidates.empty() ? whatElseItIs(start)
                             : "this could be " + names + ": choose with --from");

@@ -105,20 +105,36 @@ TEST(FieldConvertPicks, ContentThatCouldBeTwoFormats)
               "otte\n1.0\n2\n1\n0;5;10;15;\n1;1;1;1;\n-5;\n1;\n0\n0\n100;200;300;400;\n");
 }
 
-TEST(FieldConvertPicks, ContentThatContradictsTheOption)
+TEST(FieldConvertPicks, ContentOfOneFormatHoldsAgainstTheOption)
 {
     const Picks picks;
     EXPECT_EQ(
         picks.run({"convert", "a.txt", "--from", "seisimager", "-o", "line.otte"}),
         (FieldRun{0, "", "a.txt: read as geogiga, which its content says, not as seisimager\n"}));
     EXPECT_EQ(readFile(picks.path("line.otte")), oneShot);
-    // Rows of numbers do not name their format: the option is followed.
-    picks.write("line.otte", "older");
-    const FieldRun run = picks.run({"convert", "a.vs", "--from", "geogiga", "-o", "line.otte"});
+    EXPECT_EQ(
+        picks.run({"convert", "a.vs", "--from", "geogiga", "-o", "line.otte"}),
+        (FieldRun{0, "", "a.vs: read as seisimager, which its content says, not as geogiga\n"}));
+    EXPECT_EQ(readFile(picks.path("line.otte")), oneShot);
+}
+
+TEST(FieldConvertPicks, TheOptionDecidesOnlyForFilesThatCouldBeTwoFormats)
+{
+    const Picks picks;
+    picks.write("two.txt", "0 1 .1\n5 1 .2\n10 1 .3\n15 1 .4\n");
+    EXPECT_EQ(picks.run({"convert", "two.txt", "a.csv", "s.txt", "--from", "seisimager", "--shots",
+                         "shots.txt", "-o", "line.otte"}),
+              (FieldRun{0, "",
+                        "a.csv: read as csv, which its content says, not as seisimager\n"
+                        "s.txt: read as generic, which its content says, not as seisimager\n"}));
+    EXPECT_EQ(readFile(picks.path("line.otte")), "otte\n1.0\n2\n2\n15;\n0;\n5;10;\n0;0;\n"
+                                                 "10;0;0;\n0;0;0;\n"
+                                                 "0\n0\n1;\n1\n1\n4;7;\n1\n2\n4;7;\n");
+    // Content that could be of two formats, neither of which the option names.
+    const FieldRun run = picks.run({"convert", "two.txt", "--from", "otte", "-o", "line.otte"});
+    EXPECT_EQ(run.error, "two.txt: read as otte, though its content fits generic or seisimager\n"
+                         "two.txt:1: \"0 1 .1\" where \"otte\" is expected\n");
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.error, "a.vs: read as geogiga, though its content fits seisimager\n"
-                         "a.vs:1: \"First breaks, ms\" where TX_CURVE is expected\n");
-    EXPECT_EQ(readFile(picks.path("line.otte")), "older");
 }
 
 TEST(FieldConvertPicks, ContentThatIsNotKnown)
@@ -130,6 +146,8 @@ TEST(FieldConvertPicks, ContentThatIsNotKnown)
     expectRefused(picks, {"convert", "letter.txt", "-o", "line.otte"},
                   "letter.txt: this is of no format that is known here; --from FORMAT reads it all "
                   "the same");
+    expectRefused(picks, {"convert", "letter.txt", "--from", "geogiga", "-o", "line.otte"},
+                  "letter.txt:1: \"Dear all,\" where TX_CURVE is expected");
     expectRefused(picks, {"convert", "empty.txt", "-o", "line.otte"}, "empty.txt: no such file");
     expectRefused(picks, {"convert", "line.sgy", "-o", "line.otte"},
                   "line.sgy: this seems to be SEG-Y, which is not read");
@@ -200,6 +218,19 @@ TEST(FieldConvertPicks, RemarksAreShownAndStrictTakesNone)
         picks.run({"convert", "b.vs", "-o", "line.otte", "--strict"}),
         (FieldRun{1, "", run.error + "line.otte: nothing is made: --strict takes no remarks\n"}));
     EXPECT_EQ(readFile(picks.path("line.otte")), "older");
+}
+
+TEST(FieldConvertPicks, AFileGivenTwiceIsRemarkedOnOnce)
+{
+    const Picks picks;
+    picks.write("b.vs", "First breaks, ms\n1 1\n0 3\n5 4\n7 -1\n10 7\n");
+    const std::string error =
+        "b.vs:5: a time of \"-1\": not picked, so the receiver is left out of "
+        "this shot\n";
+    EXPECT_EQ(picks.run({"convert", "b.vs", "b.vs", "-o", "line.otte"}), (FieldRun{0, "", error}));
+    EXPECT_EQ(readFile(picks.path("line.otte")),
+              "otte\n1.0\n2\n1\n5;10;\n0;0;\n0;0;\n0;0;\n0\n0\n4;7;\n0\n1\n4;7;\n");
+    EXPECT_EQ(picks.run({"check", "b.vs", "b.vs"}).error, error);
 }
 
 TEST(FieldConvertPicks, UnitOfTimes)
