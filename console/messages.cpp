@@ -14,15 +14,9 @@
 namespace {
 
 /// Shows one line, whatever it quotes: a file given by mistake may be binary.
-void show(std::string line)
+void show(const std::string &line)
 {
-    constexpr std::size_t longest = 1000;
-    if (line.size() > longest)
-        line.replace(longest, std::string::npos, "...");
-    for (char &character : line)
-        if (static_cast<unsigned char>(character) < ' ' || character == 127)
-            character = '?';
-    std::cerr << line + '\n';
+    std::cerr << inOneLine(line) + '\n';
 }
 
 void show(const Place &place, const std::string &text)
@@ -49,6 +43,17 @@ void showRemarks(const Report &report)
 }
 
 } // namespace
+
+std::string inOneLine(std::string text)
+{
+    constexpr std::size_t longest = 1000;
+    if (text.size() > longest)
+        text.replace(longest, std::string::npos, "...");
+    for (char &character : text)
+        if (static_cast<unsigned char>(character) < ' ' || character == 127)
+            character = '?';
+    return text;
+}
 
 bool isAccepted(const Report &report, bool isStrict)
 {

@@ -171,9 +171,9 @@ int runCheck(const Request &request)
         std::cout << toText(outcome.object);
     } else {
         for (const Finding &finding : outcome.findings)
-            std::cout << lineOf(finding) + '\n';
+            std::cout << inOneLine(lineOf(finding)) + '\n';
         for (const std::string &line : outcome.lines)
-            std::cout << line + '\n';
+            std::cout << inOneLine(line) + '\n';
         if (!outcome.findings.empty())
             std::cout << counted(outcome.findings.size(), "finding") + '\n';
         else

@@ -53,8 +53,8 @@ bool openInputs(const Request &request, const Format &target, std::vector<Input>
             return false;
         if (holdsPicks(input) != (target.writePicks != nullptr))
             return fail(report, {path},
-                        (holdsPicks(input) ? "picks cannot become " : "a record cannot become ")
-                            + target.name);
+                        (holdsPicks(input) ? "picks (" : "a record (") + input.format->name
+                            + ", known by " + input.knownBy + ") cannot become " + target.name);
         inputs.push_back(input);
     }
     return true;

@@ -3,6 +3,7 @@
 
 #include "field/generic_picks.h"
 
+#include "field/exact_number.h"
 #include "field/rows.h"
 #include "field/text_input.h"
 #include "traveltime/text.h"
@@ -27,6 +28,12 @@ bool nextRow(OpenFile &file, Report &report)
     return nextRow(file.style, file.receivers.empty(), file.input, report);
 }
 
+/// "x 5, elevation 100.5".
+std::string inWords(const ReceiverPosition &position)
+{
+    return "x " + exactNumber(position.x) + ", elevation " + exactNumber(position.elevation);
+}
+
 /// Reads the position of the shot from the current row, which has two fields. Where the options
 /// give it, too, it must be the same.
 bool readShotRow(OpenFile &file, Report &report)
@@ -37,7 +44,8 @@ bool readShotRow(OpenFile &file, Report &report)
         || !readNumber(input.fields[1], "the shot's elevation", shot.elevation, input, report))
         return false;
     if (file.shot && (file.shot->x != shot.x || file.shot->elevation != shot.elevation))
-        return fail(report, "the shot is not where the list of shots says");
+        return fail(report, "the shot is at " + inWords(shot) + " here, but at "
+                                + inWords(*file.shot) + " in the list of shots");
     file.shot = shot;
     file.shotPlace = report.place;
     return true;
@@ -71,10 +79,6 @@ bool readRows(OpenFile &file, Report &report)
             return false;
         isThere = nextRow(file, report);
     }
-    if (!file.shot)
-        return fail(report, {report.place.file},
-                    "the shot's position is not known: list the file with --shots, in a line "
-                    "\"file;x;elevation\", or let a first row of two fields say it");
     if (!isThere)
         return fail(report, "the file ends where rows of receivers are expected");
     for (; isThere; isThere = nextRow(file, report))
@@ -95,6 +99,14 @@ bool endRows(const OpenFile &file, Report &report)
     remark(report, RemarkKind::notRead, file.longRow,
            "more than three fields, here first: those after the time are not read");
     return true;
+}
+
+bool requireShot(const OpenFile &file, Report &report)
+{
+    return file.shot
+           || fail(report, {report.place.file},
+                   "the shot's position is not known: list the file with --shots, in a line "
+                   "\"file;x;elevation\", or let a first row of two fields say it");
 }
 
 /// Where the options say that the file's shot was.
@@ -122,7 +134,8 @@ bool readGenericPicks(const std::string &path, const PickOptions &options, PickS
     file.unit = options.timesIn.value_or(TimeUnit::seconds);
     file.shot = listedPosition(path, options);
     file.shotPlace = {path, 1};
-    if (!readRows(file, report) || !endRows(file, report) || !endNumbers(file.input, report))
+    if (!readRows(file, report) || !endRows(file, report) || !endNumbers(file.input, report)
+        || !requireShot(file, report))
         return false;
     addShot(picks, {file.shot->x, file.shot->elevation, path}, file.shotPlace, file.receivers);
     return true;

@@ -53,7 +53,7 @@ void addRecord(const Input &input, Info &info, Report &report)
 Info infoOn(const std::string &path, const Request &request, const PickOptions &options,
             Report &report)
 {
-    Info info{path + ":\n", {{"file", QString::fromStdString(path)}}};
+    Info info{inOneLine(path) + ":\n", {{"file", QString::fromStdString(path)}}};
     const Input input = openInput(path, request, report);
     if (input.format == nullptr)
         return info;

@@ -117,7 +117,7 @@ bool readIndexBelow(std::size_t count, const char *name, const char *noun, std::
         return false;
     return index < count
            || fail(report, std::string(name) + " is " + std::to_string(index)
-                               + ", counted from 0, but there are " + counted(count, noun));
+                               + ", counted from 0, but the file has " + counted(count, noun));
 }
 
 /// Reads a record, the first line of which is the current one.

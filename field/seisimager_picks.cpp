@@ -234,7 +234,7 @@ double receiverSpacing(const TraveltimeSurvey &survey)
             continue;
         const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
         std::nth_element(distances.begin(), middle, distances.end());
-        return *middle;
+        return std::round(*middle * 1e9) / 1e9; // less the last bits' errors of the difference
     }
     return 0.0;
 }

@@ -172,7 +172,9 @@ bool readRest(const Block &measurements, SgtInput &file, Report &report)
                 return false;
     }
     return !nextRow(file, report)
-           || fail(report, "a line after the last of " + counted(block.count, "topography point"));
+           || fail(report, "line " + std::to_string(block.countLine) + " says "
+                               + counted(block.count, "topography point")
+                               + ", but this line comes after the last one");
 }
 
 /// Remarks on points that no measurement names.

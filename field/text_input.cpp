@@ -80,7 +80,7 @@ bool requireText(const std::string &text, Report &report)
         return true;
     const auto end = text.begin() + static_cast<std::ptrdiff_t>(zero);
     report.place.line = 1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
-    return fail(report, "this is no text: it has a byte of 0");
+    return fail(report, "this is no text: it has a byte of 0 (UTF-16 needs a byte order mark)");
 }
 
 /// Whether the comma in the number could also part thousands: one to three digits, of which the

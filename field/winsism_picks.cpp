@@ -133,7 +133,8 @@ bool readSections(PickSurvey &picks, TextInput &input, Report &report)
         return true;
     if (squeezed(input.line) == "shotnumber,shotelevation")
         return fail(report, "another survey begins here: put it into a file of its own");
-    return fail(report, "a line after the times of " + counted(shots.size(), "shot"));
+    return fail(report, "the file has " + counted(shots.size(), "shot")
+                            + ", but this line comes after the times of the last one");
 }
 
 } // namespace

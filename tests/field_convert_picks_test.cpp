@@ -261,9 +261,17 @@ TEST(FieldConvertPicks, PicksAndRecordsDoNotMix)
     record[116] = 100;
     picks.write("line.su", record + record);
     expectRefused(picks, {"convert", "a.vs", "line.su", "-o", "line.otte"},
-                  "line.su: a record cannot become otte");
-    expectRefused(picks, {"convert", "a.vs", "-o", "line.su"}, "a.vs: picks cannot become su");
-    expectRefused(picks, {"convert", "a.vs", "-o", "line.seg2"}, "a.vs: picks cannot become seg2");
+                  "line.su: a record (su, known by the header that repeats at byte 248, "
+                  "little-endian) cannot become otte");
+    for (const std::string name : {"su", "seg2"})
+        expectRefused(
+            picks, {"convert", "a.vs", "-o", "line." + name},
+            "a.vs: picks (seisimager, known by counts of shots and receivers that fit its "
+            "lines) cannot become "
+                + name);
+    picks.write("letter.dat", "Dear all,\nplease find the picks below.\n");
+    expectRefused(picks, {"convert", "letter.dat", "-o", "line.otte"},
+                  "letter.dat: a record (seg2, known by its name) cannot become otte");
 }
 
 TEST(FieldConvertPicks, AnOutputThatCannotBeWritten)

@@ -54,9 +54,13 @@ TEST(FieldGeneric, TakesTheShotFromAListOfShots)
 TEST(FieldGeneric, TheListAndTheFirstRowMustAgree)
 {
     EXPECT_EQ(described(readListed("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n").picks), description);
-    for (const char *row : {"-2;100", "-2.5;101"})
-        EXPECT_EQ(readListed(row + std::string("\n0;100.5;0.0125\n")).failure,
-                  "1: the shot is not where the list of shots says");
+    EXPECT_EQ(
+        readListed("-2;100\n0;100.5;0.0125\n").failure,
+        "1: the shot is at x -2, elevation 100 here, but at x -2.5, elevation 100 in the list "
+        "of shots");
+    EXPECT_EQ(readListed("-2.5;101\n0;100.5;0.0125\n").failure,
+              "1: the shot is at x -2.5, elevation 101 here, but at x -2.5, elevation 100 in the "
+              "list of shots");
 }
 
 TEST(FieldGeneric, AShotThatIsNowhereIsRefused)
@@ -172,6 +176,10 @@ TEST(FieldGeneric, DecimalCommasAreReadWhereTheyCanMeanNothingElse)
 TEST(FieldGeneric, DecimalCommasBetweenCommasAreRefused)
 {
     EXPECT_EQ(read("1,2\n0,100,5,0,0125\n").failure,
+              "2: more than three fields and no decimal point: if these are decimal commas, put "
+              "\";\" between the fields");
+    // The first row could be that of the shot, too.
+    EXPECT_EQ(read("1,5,100\n0,5,100,5,0,0125\n").failure,
               "2: more than three fields and no decimal point: if these are decimal commas, put "
               "\";\" between the fields");
     EXPECT_EQ(described(read("1,2\n0,100,12\n").picks), "1,2: 0,100=12; ");

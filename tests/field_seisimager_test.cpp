@@ -211,6 +211,22 @@ TEST(FieldSeisImager, WritesAsPickersDo)
     EXPECT_EQ(remarks, Remarks{});
 }
 
+TEST(FieldSeisImager, WritesTheSpacingOfMapCoordinates)
+{
+    // 512345.69 - 512345.68 is 0.010000000009313226 in doubles.
+    PickSurvey picks;
+    addShot(picks, {512345.5, 0.0, ""}, {"line", 1},
+            {{{512345.68, 0.0}, 0.01, 2}, {{512345.69, 0.0}, 0.02, 3}});
+    EXPECT_EQ(written(writeSeisImagerPicks, picks), "1996 0 3.0\n"
+                                                    "0 1 0.01\n"
+                                                    "512345.5 2 0\n"
+                                                    "512345.68 10 1\n"
+                                                    "512345.69 20 1\n"
+                                                    "0 0\n"
+                                                    " 0\n"
+                                                    " 0 0\n");
+}
+
 TEST(FieldSeisImager, WhatIsLeftOutIsRemarkedOn)
 {
     PickReading reading = read(survey);

@@ -201,7 +201,7 @@ TEST(FieldSgt, CountsThatDoNotFitAreRefused)
              {survey + std::string("2\n#x y\n-3 99\n"),
               "15: the file ends after 1 of 2 topography points"},
              {survey + std::string("1\n#x y\n-3 99\n1 2\n"),
-              "16: a line after the last of 1 topography point"},
+              "16: line 13 says 1 topography point, but this line comes after the last one"},
              {survey + std::string("1\n#x y\n-3 low\n"),
               "15: \"low\" is no number: a topography point expected"},
              {"4 # points\n#x y\n-2.5 100\n", "3: the file ends after 1 of 4 points"},
