@@ -122,7 +122,7 @@ void checkFile(Outcome &outcome, const Input &input, const PickOptions &options,
     if (!holdsPicks(input)) {
         if (input.format != nullptr)
             checkRecord(outcome, input, report);
-    } else if (readPicks(input, options, survey, report)) {
+    } else if (readPicksWithBar(input, options, survey, report)) {
         addVerdict(outcome, input, options);
     }
 }

@@ -128,7 +128,7 @@ bool readGenericPicks(const std::string &path, const PickOptions &options, PickS
                       Report &report)
 {
     OpenFile file;
-    if (!loadInput(path, file.input, report))
+    if (!loadInput(path, options, file.input, report))
         return false;
     file.style = findStyle(file.input);
     file.unit = options.timesIn.value_or(TimeUnit::seconds);

@@ -183,7 +183,7 @@ bool readGeogigaPicks(const std::string &path, const PickOptions &options, PickS
 {
     OpenFile file;
     file.unit = options.timesIn.value_or(TimeUnit::seconds);
-    if (!loadInput(path, file.input, report) || !readHeader(file, report))
+    if (!loadInput(path, options, file.input, report) || !readHeader(file, report))
         return false;
     while (file.shots < file.shotCount)
         if (!readShot(file, picks, report))

@@ -24,7 +24,7 @@ struct Info
 void addPicks(const Input &input, const PickOptions &options, Info &info, Report &report)
 {
     PickSurvey survey;
-    if (!readPicks(input, options, survey, report))
+    if (!readPicksWithBar(input, options, survey, report))
         return;
     const PickSummary summary = summarise(survey);
     info.text += describe(summary, input.format->units);

@@ -4,6 +4,7 @@
 #include "field/inputs.h"
 
 #include "console/file_checks.h"
+#include "field/progress_bar.h"
 #include "field/shot_list.h"
 
 #include <algorithm>
@@ -40,6 +41,13 @@ bool readPicks(const Input &input, const PickOptions &options, PickSurvey &surve
         remark(report, RemarkKind::format, {input.path},
                input.format->name + " has a unit of times: --times-in does not change it");
     return input.format->readPicks(input.path, options, survey, report);
+}
+
+bool readPicksWithBar(const Input &input, PickOptions options, PickSurvey &survey, Report &report)
+{
+    ProgressBar bar(input.path);
+    options.progress = [&](double fraction) { bar.show(fraction); };
+    return readPicks(input, options, survey, report);
 }
 
 PickOptions pickOptionsOf(const Request &request, Report &report)

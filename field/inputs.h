@@ -25,6 +25,9 @@ bool holdsPicks(const Input &input);
 /// is given again is not remarked on again.
 bool readPicks(const Input &input, const PickOptions &options, PickSurvey &survey, Report &report);
 
+/// The same with a bar of progress for the file.
+bool readPicksWithBar(const Input &input, PickOptions options, PickSurvey &survey, Report &report);
+
 /// What the command line and the list of shots say of files of picks; the report fails when the
 /// list cannot be read.
 PickOptions pickOptionsOf(const Request &request, Report &report);

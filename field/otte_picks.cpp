@@ -170,12 +170,12 @@ void writePositions(TextOutput &output, const Positions &positions)
 
 } // namespace
 
-bool readOttePicks(const std::string &path, const PickOptions & /*options*/, PickSurvey &picks,
+bool readOttePicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                    Report &report)
 {
     TextInput input;
     Header header;
-    if (!loadInput(path, input, report) || !readHeader(header, input, report))
+    if (!loadInput(path, options, input, report) || !readHeader(header, input, report))
         return false;
     if (header.shots.empty())
         remark(report, RemarkKind::noShots, "there are no shots in this file");

@@ -55,6 +55,7 @@ void splitRow(const RowStyle &style, TextInput &input)
 RowStyle findStyle(const TextInput &file)
 {
     TextInput input = file;
+    input.progress = {};
     Report unused;
     bool hasBlank = false;
     bool hasComma = false;

@@ -241,13 +241,13 @@ double receiverSpacing(const TraveltimeSurvey &survey)
 
 } // namespace
 
-bool readSeisImagerPicks(const std::string &path, const PickOptions & /*options*/,
-                         PickSurvey &picks, Report &report)
+bool readSeisImagerPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
+                         Report &report)
 {
     TextInput input;
     Progress progress;
     std::vector<Pick> receivers;
-    if (!loadInput(path, input, report) || !readHeader(progress, input, report))
+    if (!loadInput(path, options, input, report) || !readHeader(progress, input, report))
         return false;
     while (progress.shots < progress.shotCount)
         if (!readShot(receivers, progress, picks, input, report))

@@ -252,7 +252,7 @@ NumberedPositions numberPositions(const TraveltimeSurvey &survey)
 
 } // namespace
 
-bool readSgtPicks(const std::string &path, const PickOptions & /*options*/, PickSurvey &picks,
+bool readSgtPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                   Report &report)
 {
     SgtInput file;
@@ -262,7 +262,8 @@ bool readSgtPicks(const std::string &path, const PickOptions & /*options*/, Pick
     Block pointBlock;
     Block block;
     std::vector<Measurement> measurements;
-    if (!loadInput(path, file.input, report) || !readPoints(points, pointBlock, file, report)
+    if (!loadInput(path, options, file.input, report)
+        || !readPoints(points, pointBlock, file, report)
         || !placeAlongLine(points, table, indices, {path, pointBlock.countLine}, report)
         || !readMeasurements(measurements, block, indices, table, file, report)
         || !readRest(block, file, report) || !endNumbers(file.input, report))

@@ -139,10 +139,10 @@ bool readSections(PickSurvey &picks, TextInput &input, Report &report)
 
 } // namespace
 
-bool readWinsismPicks(const std::string &path, const PickOptions & /*options*/, PickSurvey &picks,
+bool readWinsismPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                       Report &report)
 {
     TextInput input;
-    return loadInput(path, input, report) && readSections(picks, input, report)
+    return loadInput(path, options, input, report) && readSections(picks, input, report)
            && endNumbers(input, report);
 }
