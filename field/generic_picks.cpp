@@ -58,9 +58,10 @@ bool readReceiver(OpenFile &file, Report &report)
         input.fields.pop_back();
     if (!requireFields(3, "a receiver's x, its elevation and its time", input, report))
         return false;
-    if (file.style.delimiter == ' ' && input.fields.size() < file.style.mostFields
-        && input.line.find("\t\t") != std::string_view::npos)
-        return fail(report, "two tabs in a row and fewer fields than elsewhere: is one missing?");
+    if (file.style.delimiter == ' ' && input.fields.size() < file.style.mostNumbers)
+        return fail(report, counted(input.fields.size(), "field") + ", where other rows have "
+                                + std::to_string(file.style.mostNumbers)
+                                + " numbers: is one missing?");
     if (input.fields.size() > 3 && file.longRow.line == 0)
         file.longRow = report.place;
     Pick &pick = file.receivers.emplace_back();

@@ -27,6 +27,8 @@ struct Progress
     /// it, which shows only further down.
     Failure suspicion = {};
     bool isTrailer = false; ///< it looks like the end of the survey
+    bool hasFlags = false;  ///< receivers have third fields
+    Place withoutFlag = {}; ///< the first receiver of two fields, whose time could be a flag
 };
 
 bool isZero(std::string_view field)
@@ -94,12 +96,12 @@ void suspect(const std::vector<std::string_view> &first, const TextInput &input,
                                             + (isShot ? "a shot's" : "the end of the survey")};
 }
 
-bool readReceiver(std::vector<Pick> &receivers, TextInput &input, Report &report)
+bool readReceiver(std::vector<Pick> &receivers, Progress &progress, TextInput &input,
+                  Report &report)
 {
-    // Of three fields the middle one may be empty: then the second here is the flag.
-    if (input.fields.size() == 2 && input.fields[1].size() == 1
-        && input.line.find("\t\t") != std::string_view::npos)
-        return fail(report, "two tabs in a row: where a time is missing, write -1");
+    progress.hasFlags = progress.hasFlags || input.fields.size() > 2;
+    if (input.fields.size() == 2 && input.fields[1].size() == 1 && progress.withoutFlag.line == 0)
+        progress.withoutFlag = report.place;
     Pick &pick = receivers.emplace_back();
     pick.line = lineOf(report);
     return readNumber(input.fields[0], "the receiver's x", pick.receiver.x, input, report)
@@ -141,7 +143,7 @@ bool readShot(std::vector<Pick> &receivers, Progress &progress, PickSurvey &pick
     std::vector<std::string_view> first;
     for (; progress.receivers < progress.receiverCount; ++progress.receivers) {
         if (!nextFields("the receiver's x and its time", progress, input, report)
-            || !readReceiver(receivers, input, report))
+            || !readReceiver(receivers, progress, input, report))
             return false;
         if (progress.receivers == 0)
             first = input.fields;
@@ -223,6 +225,14 @@ bool readRest(bool wasZero, Progress &progress, TextInput &input, Report &report
     return true;
 }
 
+/// Fails where a receiver may have a flag and no time.
+bool requireTimes(const Progress &progress, Report &report)
+{
+    return !progress.hasFlags || progress.withoutFlag.line == 0
+           || fail(report, progress.withoutFlag,
+                   "2 fields, where other receivers have 3: is the time missing? Then write -1");
+}
+
 /// The middle one of the distances between the receivers of the first shot that has some.
 double receiverSpacing(const TraveltimeSurvey &survey)
 {
@@ -253,7 +263,8 @@ bool readSeisImagerPicks(const std::string &path, const PickOptions &options, Pi
         if (!readShot(receivers, progress, picks, input, report))
             return false;
     const bool wasZero = !receivers.empty() && looksLikeTrailer(input.fields);
-    return readRest(wasZero, progress, input, report) && endNumbers(input, report);
+    return readRest(wasZero, progress, input, report) && requireTimes(progress, report)
+           && endNumbers(input, report);
 }
 
 bool writeSeisImagerPicks(const std::string &path, const PickSurvey &picks, Report &report)

@@ -152,8 +152,19 @@ TEST(FieldGeneric, ATabAtTheEndMayStandBeforeATimeThatIsMissing)
               description);
     EXPECT_EQ(read("-2.5\t100\n0\t100.5\t0.0125\n3\t100\n").failure,
               "3: 2 fields: a receiver's x, its elevation and its time expected");
-    EXPECT_EQ(read("-2.5\t100\n0\t100.5\t0.0125\t1\n3\t\t0.025\t1\n").failure,
-              "3: two tabs in a row and fewer fields than elsewhere: is one missing?");
+}
+
+TEST(FieldGeneric, AFieldThatMayBeMissingBetweenBlanksIsRefused)
+{
+    for (const char *rows :
+         {"0\t100.5\t0.0125\t1\n3\t\t0.025\t1\n", "0  100.5  0.0125 1\n3         0.025  1\n"})
+        EXPECT_EQ(read("-2.5 100\n" + std::string(rows)).failure,
+                  "3: 3 fields, where other rows have 4 numbers: is one missing?");
+    EXPECT_EQ(read("-2,5 100\n0  100,5  0,0125 1\n3         0,025  1\n").failure,
+              "3: 3 fields, where other rows have 4 numbers: is one missing?");
+    // A note in some rows is no number.
+    EXPECT_EQ(described(read("-2.5 100\n0 100.5 0.0125 clear first break\n5 101 0.025\n").picks),
+              description);
 }
 
 TEST(FieldGeneric, DecimalCommasAreReadWhereTheyCanMeanNothingElse)

@@ -133,7 +133,9 @@ TEST(FieldSeisImager, WhatCannotBeUnderstoodIsRefused)
               "4: \"abc\" is no number: the receiver's x expected"},
              {with("12.500000 1 ", "12.5ms 1"), "4: \"12.5ms\" is no number: a time expected"},
              {with("5.000000 25.000000 1", "5.0\t\t1"),
-              "5: two tabs in a row: where a time is missing, write -1"},
+              "5: 2 fields, where other receivers have 3: is the time missing? Then write -1"},
+             {with("0.000000 12.500000 1", "0.000000           1"),
+              "4: 2 fields, where other receivers have 3: is the time missing? Then write -1"},
              {"x\n", "1: the file ends before its number of shots"},
              {"", "the file is empty"},
          })
