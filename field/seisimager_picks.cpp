@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -36,11 +37,21 @@ bool isZero(std::string_view field)
     return wholeNumber(field) == 0.0;
 }
 
+bool isWhole(std::string_view field)
+{
+    return field.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 /// A shot's line, as pickers write it, has a whole number of receivers and then a 0.
 bool looksLikeShot(const std::vector<std::string_view> &fields)
 {
-    return fields.size() > 2 && isZero(fields[2]) && !isZero(fields[1])
-           && fields[1].find_first_not_of("0123456789") == std::string_view::npos;
+    return fields.size() > 2 && isZero(fields[2]) && !isZero(fields[1]) && isWhole(fields[1]);
+}
+
+/// A receiver's line has a time and then a flag.
+bool looksLikeReceiver(const std::vector<std::string_view> &fields)
+{
+    return fields.size() > 2 && wholeNumber(fields[1]) && !isWhole(fields[1]) && !isZero(fields[2]);
 }
 
 /// Pickers write lines of zeros after the last shot.
@@ -111,7 +122,8 @@ bool readReceiver(std::vector<Pick> &receivers, Progress &progress, TextInput &i
 bool readShotLine(Shot &shot, Progress &progress, TextInput &input, Report &report)
 {
     constexpr char names[] = "the shot's x and its number of receivers";
-    progress.shotLine = progress.receivers = 0;
+    const std::size_t lineBefore = std::exchange(progress.shotLine, 0);
+    progress.receivers = 0;
     if (!nextFields(names, progress, input, report))
         return false;
     if (progress.suspicion.place.line != 0 && !looksLikeShot(input.fields))
@@ -120,6 +132,11 @@ bool readShotLine(Shot &shot, Progress &progress, TextInput &input, Report &repo
         return fail(report, "this line looks like the end of the survey after "
                                 + std::to_string(progress.shots) + " of "
                                 + counted(progress.shotCount, "shot"));
+    if (progress.shots > 0 && looksLikeReceiver(input.fields))
+        return fail(report, "shot " + std::to_string(progress.shots) + ", line "
+                                + std::to_string(lineBefore) + ", says "
+                                + counted(progress.receiverCount, "receiver")
+                                + ", but this line looks like another one");
     progress.shotLine = report.place.line;
     if (!readNumber(input.fields[0], "the shot's x", shot.x, input, report)
         || !readCount(input.fields[1], "the shot's number of receivers", progress.receiverCount,

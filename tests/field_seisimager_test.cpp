@@ -159,8 +159,11 @@ TEST(FieldSeisImager, CountsThatDoNotFitAreRefused)
              {with("3 0.000000\n0.000000 12", "4 0.000000\n0.000000 12"),
               "7: shot 1, line 3, says 4 receivers, but this line looks like a shot's"},
              {with("-2.500000 3", "-2.500000 2"),
-              "6: \"31.250000\" is no whole number from 0 on: the shot's number of receivers "
-              "expected"},
+              "6: shot 1, line 3, says 2 receivers, but this line looks like another one"},
+             {with("10.000000 31.250000 1 \n", "10.000000 31.250000 1 \n15 -1 1\n"),
+              "7: shot 1, line 3, says 3 receivers, but this line looks like another one"},
+             {with("12.500000 3 0", "12.500000 3.5 0"),
+              "7: \"3.5\" is no whole number from 0 on: the shot's number of receivers expected"},
              {with("0 2 5", "0 3 5"),
               "11: this line looks like the end of the survey after 2 of 3 shots"},
              {with("0 2 5", "0 1 5"),
