@@ -171,10 +171,10 @@ std::string recogniseCsv(const std::string &start, const std::string & /*path*/)
     std::erase(heading, '"');
     for (char &character : heading)
         character = character == ';' ? ',' : character;
-    for (const char *column : {",shot_x,", ",receiver_x,", ",time,"})
-        if ((',' + heading + ',').find(column) == std::string::npos)
-            return "";
-    return "shot_x, receiver_x and time in its heading";
+    for (const char *column : {"shot_x", "receiver_x"})
+        if ((',' + heading + ',').find(std::string(",") + column + ',') != std::string::npos)
+            return std::string(column) + " in its heading";
+    return "";
 }
 
 std::string recogniseSgt(const std::string &start, const std::string & /*path*/)

@@ -151,6 +151,11 @@ TEST(FieldConvertPicks, ContentThatIsNotKnown)
     expectRefused(picks, {"convert", "empty.txt", "-o", "line.otte"}, "empty.txt: no such file");
     expectRefused(picks, {"convert", "line.sgy", "-o", "line.otte"},
                   "line.sgy: this seems to be SEG-Y, which is not read");
+    // It names columns, though not all.
+    picks.write("table.csv", "shot_x,shot_elevation,rx,receiver_elevation,time\n0,0,5,0,0.004\n");
+    picks.write("shots.txt", "table.csv;0;0\n");
+    expectRefused(picks, {"convert", "table.csv", "--shots", "shots.txt", "-o", "line.otte"},
+                  "table.csv:1: the heading has no column \"receiver_x\"");
     // The reader of its extension's format says where it is damaged.
     picks.write("damaged.vs", "First breaks, ms\n1 five\n0 2\n5 4\n10 7\n");
     const FieldRun run = picks.run({"convert", "damaged.vs", "-o", "line.otte"});
