@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/faults.h"
 #include "tests/support/field_command.h"
 
 #include <gtest/gtest.h>
@@ -298,15 +299,17 @@ TEST(FieldConvertPicks, AnInterruptLeavesTheOlderOutput)
 {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const Picks picks;
-        // Nobody writes the topography, so the command waits with its output begun.
+        // Nothing comes from the topography, so the command waits while it makes its output.
         ASSERT_EQ(mkfifo(picks.path("ground.txt").c_str(), 0600), 0);
         const std::vector<std::string> before = picks.names();
         QProcess process;
         picks.start(process, {"convert", "a.vs", "--topography", "ground.txt", "-o", "line.otte"});
-        ASSERT_TRUE(waitUntil([&] { return picks.names().size() > before.size(); }));
+        const int pipe = openReadPipe(picks.path("ground.txt"));
+        ASSERT_GE(pipe, 0);
         EXPECT_EQ(readFile(picks.path("line.otte")), "older");
         sendSignal(process, signal);
         EXPECT_EQ(finish(process), (FieldRun{-signal, "", ""}));
+        close(pipe);
         EXPECT_EQ(picks.names(), before);
         EXPECT_EQ(readFile(picks.path("line.otte")), "older");
     }
