@@ -131,6 +131,16 @@ std::string whatElseItIs(const std::string &start)
     return "this is of no format that is known here; --from FORMAT reads it all the same";
 }
 
+/// The names of the candidates but one: "generic or seisimager".
+std::string namesOf(const std::vector<FoundFormat> &candidates, const Format *but)
+{
+    std::string names;
+    for (const FoundFormat &candidate : candidates)
+        if (candidate.format != but)
+            names += (names.empty() ? "" : " or ") + candidate.format->name;
+    return names;
+}
+
 } // namespace
 
 std::span<const Format> formats()
@@ -162,14 +172,15 @@ FoundFormat findFormat(const std::string &path, const Format *from, Report &repo
 {
     const std::string start = startOf(path);
     const std::vector<FoundFormat> candidates = candidatesFor(start, path);
-    std::string names;
-    for (const FoundFormat &candidate : candidates) {
-        if (candidate.format == from)
-            return candidate;
-        names += (names.empty() ? "" : " or ") + candidate.format->name;
-    }
+    const auto fitting =
+        std::find_if(candidates.begin(), candidates.end(),
+                     [&](const FoundFormat &candidate) { return candidate.format == from; });
+    if (fitting != candidates.end() && candidates.size() > 1)
+        return {from,
+                fitting->knownBy + ", and --from: it could also be " + namesOf(candidates, from)};
+    const std::string names = namesOf(candidates, nullptr);
     if (candidates.size() == 1) {
-        if (from != nullptr)
+        if (from != nullptr && from != candidates.front().format)
             remark(report, RemarkKind::format, {path},
                    "read as " + names + ", which its content says, not as " + from->name);
         return candidates.front();

@@ -102,6 +102,10 @@ TEST(FieldConvertPicks, ContentThatCouldBeTwoFormats)
                   "two.txt: this could be generic or seisimager: choose with --from");
     EXPECT_EQ(picks.otteOf({"two.txt", "--from", "seisimager"}),
               "otte\n1.0\n2\n1\n15;\n0;\n10;\n0;\n0\n0\n1;\n");
+    EXPECT_NE(picks.run({"info", "two.txt", "--from", "seisimager"})
+                  .output.find("known by     counts of shots and receivers that fit its lines, and "
+                               "--from: it could also be generic\n"),
+              std::string::npos);
     EXPECT_EQ(picks.otteOf({"two.txt", "--from", "generic", "--shots", "shots.txt"}),
               "otte\n1.0\n2\n1\n0;5;10;15;\n1;1;1;1;\n-5;\n1;\n0\n0\n100;200;300;400;\n");
 }
