@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "seg2/su_file.h"
 #include "traveltime/report.h"
 
 #include <cstdint>
