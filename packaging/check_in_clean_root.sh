@@ -14,40 +14,48 @@ need_packages debootstrap
 root=$(mktemp -d)
 trap 'rm -rf "$root"' EXIT
 chmod 755 "$root"
+log=$root/log
+# Shows what a command prints only if it fails.
+quietly() {
+    "$@" >"$log" 2>&1 || { tail "$log" >&2; exit 1; }
+}
 inside() {
     env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
         chroot "$root" "$@"
 }
+in_apt() {
+    quietly inside apt-get -y --no-install-recommends -o Dpkg::Use-Pty=0 "$@"
+}
 
 # All files with their sizes, but for what packages are installed with.
 list_files() {
-    inside find / -xdev -path /packages -prune -o -path /proc -prune -o -path /sys -prune \
-        -o -path /var/cache/apt -prune -o -path /var/lib/apt -prune -o -path /var/lib/dpkg -prune \
-        -o -path /var/log -prune -o -type d -printf '%p\n' -o -printf '%p %s\n' | sort
+    inside find / -xdev \
+        -regex '/\(log\|packages\|proc\|sys\|var/\(cache/apt\|lib/apt\|lib/dpkg\|log\)\)' -prune \
+        -o -type d -printf '%p\n' -o -printf '%p %s\n' | sort
 }
 
 echo "Making a clean Debian 12..."
-debootstrap --variant=minbase bookworm "$root" \
-    "${DEBIAN_MIRROR:-http://deb.debian.org/debian}" >"$root.log" 2>&1 || { tail "$root.log"; exit 1; }
-rm "$root.log"
+quietly debootstrap --variant=minbase bookworm "$root" \
+    "${DEBIAN_MIRROR:-http://deb.debian.org/debian}"
 mkdir "$root/packages"
 cp "$1"/*.deb "$here/try_programs.sh" "$root/packages"
 inside useradd --create-home crew
 
 echo "Installing what the packages depend on..."
 for package in "$1"/*.deb; do
-    inside apt-get satisfy -y -qq --no-install-recommends "$(dpkg-deb -f "$package" Depends)" \
-        >/dev/null 2>&1
+    in_apt satisfy "$(dpkg-deb -f "$package" Depends)"
 done
 list_files >"$root/packages/before"
 
 echo "Installing the packages..."
-inside sh -c 'apt-get install -y -qq --no-install-recommends /packages/*.deb' >/dev/null
+for package in "$1"/*.deb; do
+    in_apt install "/packages/${package##*/}"
+done
 inside su crew -c "/packages/try_programs.sh /usr"
 
 echo "Removing them..."
 for package in "$1"/*.deb; do
-    inside apt-get purge -y -qq "$(dpkg-deb -f "$package" Package)" >/dev/null
+    in_apt purge "$(dpkg-deb -f "$package" Package)"
 done
 list_files >"$root/packages/after"
 if ! diff "$root/packages/before" "$root/packages/after"; then

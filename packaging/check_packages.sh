@@ -37,7 +37,8 @@ done
 
 for program in "$usr"/bin/*; do
     page=$usr/share/man/man1/${program##*/}.1.gz
-    warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
+    warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" \
+        2>&1 >/dev/null)
     [ -z "$warnings" ] || fail "$page:" "$warnings"
 done
 
@@ -51,7 +52,7 @@ expect_type() {
 }
 
 if [ -e "$usr/share/mime/packages/convert2velarix.xml" ]; then
-    update-mime-database "$usr/share/mime"
+    XDG_DATA_DIRS=$usr/share update-mime-database "$usr/share/mime"
     samples=$usr/share/doc/convert2velarix/samples
     expect_type text/x-seisimager-traveltimes "$samples/seisimager/line.vs"
     expect_type text/x-unified-traveltimes "$samples/sgt/line.sgt"

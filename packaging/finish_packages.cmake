@@ -10,7 +10,8 @@ set(documents ${programs}/doc/convert2velarix
 # add(SOURCE NAME): a document of both packages.
 function(add source name)
     foreach(folder IN LISTS documents)
-        execute_process(COMMAND install -D -m 644 ${CMAKE_CURRENT_LIST_DIR}/${source} ${folder}/${name}
+        execute_process(
+            COMMAND install -D -m 644 ${CMAKE_CURRENT_LIST_DIR}/${source} ${folder}/${name}
             COMMAND_ERROR_IS_FATAL ANY)
     endforeach()
 endfunction()
