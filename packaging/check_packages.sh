@@ -16,7 +16,8 @@ fail() {
     exit 1
 }
 
-lintian --allow-root --fail-on error,warning "$packages"/*.deb
+lintian --allow-root --fail-on error,warning "$packages"/*.deb &
+lintian=$!
 for package in "$packages"/*.deb; do
     dpkg-deb -x "$package" "$scratch"
     changes=$usr/share/doc/$(dpkg-deb -f "$package" Package)/changelog.Debian.gz
@@ -73,3 +74,4 @@ if [ -e "$usr/share/mime/packages/convert2velarix.xml" ]; then
 fi
 
 "$here/try_programs.sh" "$usr"
+wait "$lintian" || fail "lintian is not content"
