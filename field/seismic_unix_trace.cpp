@@ -221,8 +221,9 @@ void putTime(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number
 /// 0 and less, which the fields of a header may say, count as 1.
 std::string putStackCount(SuHeaderBytes &header, const RecordTrace &trace)
 {
-    if (trace.stackCount > std::numeric_limits<std::int16_t>::max())
-        return "a stack of " + std::to_string(trace.stackCount) + ": 32,767 would fit";
+    if (trace.stackCount > std::numeric_limits<std::int16_t>::max()
+        || trace.stackCount < std::numeric_limits<std::int16_t>::min())
+        return "a stack of " + std::to_string(trace.stackCount) + ": 1 to 32,767 would fit";
     if (trace.stackCount != 1 || numberAt<std::int16_t>(header, su::stackCount) > 0)
         putNumber(header, su::stackCount, static_cast<std::int16_t>(trace.stackCount));
     return "";
