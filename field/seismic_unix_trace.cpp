@@ -180,7 +180,7 @@ std::string putInterval(SuHeaderBytes &header, const RecordTrace &trace, std::si
 std::string putDelay(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number,
                      SuRoundings &roundings)
 {
-    const double milliseconds = std::round(trace.delay * 1000.0);
+    const double milliseconds = std::round(trace.delay * 1000.0) + 0.0; // no "-0"
     if (milliseconds < std::numeric_limits<std::int16_t>::min()
         || milliseconds > std::numeric_limits<std::int16_t>::max())
         return "a delay of " + shortest(trace.delay) + " s: from -32.768 s to 32.767 s would fit";
