@@ -22,7 +22,7 @@ std::string anyRecord(std::mt19937 &random, ByteOrder byteOrder)
     const std::int32_t scalar = scalars[upTo(10)];
     std::string record;
     for (std::int32_t trace = 0, count = 1 + upTo(5); trace < count; ++trace) {
-        const std::map<std::size_t, std::int32_t> fields = {
+        std::map<std::size_t, std::int32_t> fields = {
             {0, trace + 1},          {4, upTo(9)},           {8, upTo(99)},
             {12, trace + 1},         {20, upTo(1000)},       {28, 1 + upTo(1)},
             {30, 1 + upTo(9)},       {40, upTo(9000) - 100}, {44, upTo(9000)},
@@ -32,6 +32,9 @@ std::string anyRecord(std::mt19937 &random, ByteOrder byteOrder)
             {156, 1970 + upTo(99)},  {158, 1 + upTo(364)},   {160, upTo(23)},
             {162, upTo(59)},         {164, upTo(59)},
         };
+        for (const std::size_t offset :
+             {184U, 188U, 192U, 196U, 200U, 204U, 212U, 236U}) // any bits
+            fields[offset] = static_cast<std::int32_t>(random());
         std::vector<float> samples(static_cast<std::size_t>(2 + upTo(20)));
         for (float &sample : samples)
             sample = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
@@ -57,6 +60,16 @@ TEST(FieldRecordRoundTrips, SeismicUnixThroughSeg2IsTheSameBitForBit)
         ASSERT_TRUE(convertRecord(readSeg2, seg2, isBig ? toBigSu : toLittleSu, back, {}, report))
             << failureOf(report);
         ASSERT_EQ(readFile(back), record) << "record " << i;
+    }
+}
+
+TEST(FieldRecordRoundTrips, FloatsOfAHeaderThatAreNoNumbersKeepTheirBits)
+{
+    for (const std::int32_t bits : {-1, 0x7F800000, 0x7F800001, 0x7FC00000, -0x00400000}) {
+        const std::string record =
+            suTrace(ByteOrder::bigEndian, {{28, 1}, {188, bits}}, {1.0F, 2.0F});
+        const std::string seg2 = convertBytes(readSeismicUnix, record, toSeg2).output;
+        EXPECT_EQ(convertBytes(readSeg2, seg2, toBigSu).output, record) << bits;
     }
 }
 
