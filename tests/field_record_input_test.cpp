@@ -3,6 +3,7 @@
 
 #include "field/record_input.h"
 
+#include "field/seismic_unix.h"
 #include "tests/support/field_records.h"
 
 #include <gtest/gtest.h>
@@ -64,4 +65,23 @@ TEST(FieldRecordInput, AtADamageTheSystemsReasonCounts)
     EXPECT_FALSE(failAtDamage(input, 18, "the file ends", refused));
     EXPECT_EQ(failureOf(refused),
               systemText(EBADF) + ": only the 17 whole traces before it can be read");
+}
+
+TEST(FieldRecordInput, AFileThatBecomesShorterWhileItIsRead)
+{
+    const TemporaryFolder folder;
+    const std::string trace =
+        suTrace(ByteOrder::bigEndian, {{116, 250}}, std::vector<float>(60000, 1.0F));
+    const std::string path = folder.write("line.su", trace + trace + trace);
+    Report report;
+    std::size_t traces = 0;
+    const auto take = [&](const RecordFile &, const RecordTrace &) {
+        std::filesystem::resize_file(path, 400000);
+        return ++traces > 0;
+    };
+    EXPECT_FALSE(readSeismicUnix(path, take, report));
+    EXPECT_EQ(traces, 1U);
+    EXPECT_EQ(failureOf(report),
+              "the file changed while it was read: only the 1 whole trace before "
+              "it can be read");
 }

@@ -129,6 +129,12 @@ TEST(FieldRecordLosses, SamplesThatNoFloatHolds)
     EXPECT_EQ(samplesOf(exact.output), (Floats{32767.0F, -32768.0F}));
     EXPECT_EQ(remarksOf(exact.report), Texts{});
 
+    // Of 20 bits: exponents 0, 0, 15 and mantissas 5, -5, 32767.
+    const std::vector<std::uint16_t> packed = {0x0F00, 5, 0xFFFA, 0x7FFF, 0};
+    const RecordConversion unpacked = convert(3, 3, sampleBytes(packed, order));
+    EXPECT_EQ(samplesOf(unpacked.output), (Floats{5.0F, -5.0F, 1073709056.0F}));
+    EXPECT_EQ(remarksOf(unpacked.report), Texts{});
+
     // The one that changes most is named.
     const std::vector<std::int32_t> ints = {16777216, 16777217, 2147483647};
     const RecordConversion rounded = convert(2, 3, sampleBytes(ints, order));

@@ -9,6 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <sys/stat.h>
+#include <thread>
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -184,4 +188,18 @@ TEST(FieldSeg2Writer, AnOutputThatCannotBeWritten)
     EXPECT_FALSE(convertRecord(readSeismicUnix, input, toSeg2, "/dev/full", {}, full));
     EXPECT_EQ(failureOf(full), systemText(ENOSPC));
     EXPECT_EQ(full.failure->place.file, "/dev/full");
+}
+
+TEST(FieldSeg2Writer, APipeIsRefused)
+{
+    const TemporaryFolder folder;
+    const std::string pipe = folder.path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::thread reader([&] { std::ifstream(pipe).get(); });
+    Report report;
+    seg2Writer(pipe, report);
+    reader.join();
+    EXPECT_EQ(failureOf(report),
+              "SEG2 cannot be written to a pipe: what comes first is known last");
+    EXPECT_EQ(report.failure->place, Place{pipe});
 }
