@@ -139,7 +139,7 @@ std::string suSeg2Path(const std::string &path)
 
 std::int32_t convertSuToSeg2(std::string path)
 {
-    Report report;
+    Report report = windowReport();
     convertSu(path, suListingPath(path), suSeg2Path(path), standardProgress(), report);
     return finish(report);
 }
