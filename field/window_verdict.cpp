@@ -202,9 +202,11 @@ std::optional<WindowVerdict> windowVerdict(const std::string &format, const std:
         return WindowVerdict{true};
     if (!shown)
         shown = Difference{windowReport.failure->place, windowReport.failure->text, false};
-    const Difference first = firstReason(windowReport, *shown);
-    const std::string reason = reasonOfWholeText(path, first.place.line);
-    if (!reason.empty())
-        return WindowVerdict{false, {path, 1}, reason};
+    Difference first = firstReason(windowReport, *shown);
+    if (const std::string reason = reasonOfWholeText(path, first.place.line); !reason.empty()) {
+        first.place.file = path;
+        first.place.line = 1;
+        first.text = reason;
+    }
     return WindowVerdict{false, first.place, first.text};
 }
