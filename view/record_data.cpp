@@ -121,8 +121,8 @@ void placeAlongLine(RecordData &record, const std::vector<TraceLocations> &trace
 
 } // namespace
 
-bool readRecordData(ReadRecord *read, const std::string &path, RecordData &record,
-                    const GoesOn &goesOn, Report &report)
+bool readRecordData(const std::function<ReadRecord> &read, const std::string &path,
+                    RecordData &record, const GoesOn &goesOn, Report &report)
 {
     record = {path};
     std::vector<TraceLocations> locations;

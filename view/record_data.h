@@ -54,5 +54,5 @@ using GoesOn = std::function<bool(double fraction)>;
 
 /// Reads a record to be drawn and returns whether all of it was read. After a failure, and when it
 /// was given up, the record has the traces that were read before.
-bool readRecordData(ReadRecord *read, const std::string &path, RecordData &record,
-                    const GoesOn &goesOn, Report &report);
+bool readRecordData(const std::function<ReadRecord> &read, const std::string &path,
+                    RecordData &record, const GoesOn &goesOn, Report &report);
