@@ -94,7 +94,10 @@ double RecordPlottable::selectTest(const QPointF & /*position*/, bool /*onlySele
 
 QCPRange RecordPlottable::getKeyRange(bool &isFound, QCP::SignDomain /*domain*/) const
 {
-    return rangeOf(shown.layout.places, shown.layout.spacing, isFound);
+    const bool isDense = shown.options.style == RecordStyle::density
+                         || (shown.options.style == RecordStyle::automatic
+                             && shown.layout.traces.size() > mostWiggles);
+    return rangeOf(shown.layout.places, shown.layout.spacing * (isDense ? 0.5 : 0.85), isFound);
 }
 
 QCPRange RecordPlottable::getValueRange(bool &isFound, QCP::SignDomain /*domain*/,
