@@ -5,15 +5,20 @@
 
 #include "view/record_density.h"
 
-QColor deadColour()
-{
-    return {86, 180, 233};
-}
+namespace {
 
+/// The colour `part` of the way from `from` to `to`.
 QColor mixed(const QColor &from, const QColor &to, double part)
 {
     const auto mix = [part](int a, int b) { return qRound(a + part * (b - a)); };
     return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
+
+} // namespace
+
+QColor deadColour()
+{
+    return {86, 180, 233};
 }
 
 std::vector<QRgb> densityColours(const QPalette &palette)

@@ -13,8 +13,5 @@
 /// Of dead traces: on white and on black, and not grey as amplitudes are.
 QColor deadColour();
 
-/// The colour `part` of the way from `from` to `to`.
-QColor mixed(const QColor &from, const QColor &to, double part);
-
 /// Of each shade of a density.
 std::vector<QRgb> densityColours(const QPalette &palette);

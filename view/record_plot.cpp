@@ -6,7 +6,7 @@
 #include "field/exact_number.h"
 #include "field/numbers.h"
 #include "traveltime/text.h"
-#include "view/record_colours.h"
+#include "view/plot_title.h"
 #include "view/record_plottable.h"
 
 #include <QFileInfo>
@@ -36,7 +36,7 @@ std::string shotsText(const RecordData &record, const RecordPlotOptions &options
     return record.shots.empty() ? "" : counted(record.shots.size(), "shot") + ", ";
 }
 
-std::string titleOf(const RecordDrawing &drawing)
+std::string titleText(const RecordDrawing &drawing)
 {
     const std::size_t chosen = chosenTraces(*drawing.record, drawing.options);
     const std::size_t drawn = drawing.layout.traces.size();
@@ -54,37 +54,22 @@ std::string titleOf(const RecordDrawing &drawing)
     return title;
 }
 
-void showTitle(QCustomPlot &plot, const QString &text, const QColor &colour)
+/// In place of the one before.
+void showTitle(QCustomPlot &plot, const QString &text, const QPalette &palette)
 {
-    auto *title = qobject_cast<QCPTextElement *>(plot.plotLayout()->element(0, 0));
-    if (title == nullptr) {
-        plot.plotLayout()->insertRow(0);
-        title = new QCPTextElement(&plot);
-        plot.plotLayout()->addElement(0, 0, title);
-    }
-    title->setText(text);
-    title->setTextColor(colour);
-}
-
-void colourAxis(QCPAxis &axis, const QColor &base, const QColor &text)
-{
-    axis.setBasePen(text);
-    axis.setTickPen(text);
-    axis.setSubTickPen(text);
-    axis.setLabelColor(text);
-    axis.setTickLabelColor(text);
-    axis.grid()->setPen(QPen(mixed(base, text, 0.2), 1, Qt::DotLine));
-    axis.grid()->setZeroLinePen(Qt::NoPen);
+    QCPLayoutGrid *const layout = plot.plotLayout();
+    if (layout->element(0, 0) == plot.axisRect())
+        layout->insertRow(0);
+    else
+        layout->remove(layout->element(0, 0));
+    addTitle(plot, text, palette);
 }
 
 void setUpAxes(QCustomPlot &plot, const RecordDrawing &drawing)
 {
-    const QColor base = drawing.options.palette.color(QPalette::Base);
-    const QColor text = drawing.options.palette.color(QPalette::Text);
-    plot.setBackground(base);
+    plot.setBackground(drawing.options.palette.color(QPalette::Base));
     plot.setLocale(QLocale::c());
-    for (QCPAxis *axis : {plot.xAxis, plot.yAxis, plot.xAxis2, plot.yAxis2})
-        colourAxis(*axis, base, text);
+    colourAxes(*plot.axisRect(), drawing.options.palette);
     plot.xAxis->setLabel(drawing.layout.isByPosition ? "Position (m)" : "Trace");
     plot.xAxis->grid()->setVisible(false);
     plot.yAxis->setLabel(drawing.layout.isInTime ? "Time (ms)" : "Sample");
@@ -111,8 +96,7 @@ void drawRecord(QCustomPlot &plot, std::shared_ptr<const RecordData> record,
     while (plot.graphCount() > 0)
         plot.removeGraph(0);
     plottable->setRecord(std::move(record), options);
-    showTitle(plot, QString::fromStdString(titleOf(plottable->drawing())),
-              options.palette.color(QPalette::Text));
+    showTitle(plot, QString::fromStdString(titleText(plottable->drawing())), options.palette);
     setUpAxes(plot, plottable->drawing());
 }
 
