@@ -26,6 +26,7 @@ struct RecordPick
 /// The picks that lie on a record, in the order of its traces.
 std::vector<RecordPick> picksOn(const RecordData &record, const PickSurvey &picks);
 
-/// Marks the picks on the record that is drawn on the plot, in place of those before; those of
-/// traces that are not drawn are left out. The caller replots.
+/// Marks the picks on the record that is drawn on the plot, in place of those before, as points of
+/// its only graph; those of traces that are not drawn are left out, and all of them where the
+/// record does not say its times. drawRecord() takes the marks away. The caller replots.
 void drawRecordPicks(QCustomPlot &plot, const std::vector<RecordPick> &picks, const QColor &colour);
