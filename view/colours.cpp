@@ -7,11 +7,11 @@
 
 namespace {
 
-// Lightness (CIE L*) 16, 56, 36, 66, 26 and 46 on white, 94, 58, 76, 49, 85 and 67 on black, with
+// Lightness (CIE L*) 16, 56, 36, 66, 26 and 46 on white, 94, 52, 82, 49, 85 and 67 on black, with
 // hues that the common colour blindnesses keep apart.
 constexpr std::array<QRgb, shotColourCount> onLight = {0xff012755, 0xffe55a14, 0xff006140,
                                                        0xff15aed7, 0xff810116, 0xff0871b7};
-constexpr std::array<QRgb, shotColourCount> onDark = {0xffeaedfe, 0xffeb5f1a, 0xff0ed591,
+constexpr std::array<QRgb, shotColourCount> onDark = {0xffeaedfe, 0xffd4540f, 0xff28e8a0,
                                                       0xff0e7f9d, 0xfffdc8c1, 0xff4aa8ff};
 
 } // namespace

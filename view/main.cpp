@@ -99,6 +99,8 @@ std::optional<int> parse(int argc, char *argv[], Arguments &arguments)
     return reason.empty() ? std::optional<int>() : refuseUsage(reason);
 }
 
+void dropMessage(QtMsgType, const QMessageLogContext &, const QString &) { }
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -107,8 +109,10 @@ int main(int argc, char *argv[])
     if (const std::optional<int> status = parse(argc, argv, arguments))
         return *status;
     const Request &request = arguments.request;
-    if (!request.output.empty())
+    if (!request.output.empty()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(dropMessage); // what Qt says of a system without a display
+    }
     const QApplication application(argc, argv);
     ViewedFiles files;
     std::vector<Report> reports;

@@ -299,7 +299,8 @@ void drawPicks(QCustomPlot &plot, const PickSurvey &picks, const std::vector<Fin
     plot.plotLayout()->clear();
     plot.setLocale(QLocale::c());
     plot.setBackground(options.palette.color(QPalette::Base));
-    plot.addLayer(chosenLayer, plot.layer("main"));
+    if (plot.layer(chosenLayer) == nullptr)
+        plot.addLayer(chosenLayer, plot.layer("main"));
 
     addTitle(plot, titleOf(picks), options.palette);
     const bool isRaised = !options.axes.isByOffset && hasElevations(picks);

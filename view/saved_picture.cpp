@@ -8,6 +8,7 @@
 
 #include <qcustomplot.h>
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QSvgGenerator>
 
@@ -26,22 +27,36 @@ bool savePng(QCustomPlot &plot, const QString &path, const QSize &size)
     return image.save(path, "PNG");
 }
 
+/// The size of a whole picture is in millimetres there, which rounds to another one in pixels.
+void putSize(QByteArray &svg, const QSize &size)
+{
+    const qsizetype first = svg.indexOf("width=");
+    const qsizetype end = svg.indexOf("viewBox", first);
+    svg.replace(
+        first, end - first,
+        QString("width=\"%1\" height=\"%2\"\n ").arg(size.width()).arg(size.height()).toLatin1());
+}
+
 bool saveSvg(QCustomPlot &plot, const QString &path, const QSize &size)
 {
     constexpr int dotsPerInch = 96; // as programs that show SVG count
+    QByteArray svg;
+    QBuffer buffer(&svg);
     QSvgGenerator generator;
-    generator.setFileName(path);
+    generator.setOutputDevice(&buffer);
     generator.setResolution(dotsPerInch);
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(0, 0), size));
     generator.setTitle(titleOf(plot).toHtmlEscaped());
     QCPPainter painter;
-    if (!painter.begin(&generator))
-        return false;
+    painter.begin(&generator);
     painter.setMode(QCPPainter::pmVectorized);
     painter.setMode(QCPPainter::pmNoCaching);
     plot.toPainter(&painter, size.width(), size.height());
-    return painter.end();
+    painter.end();
+    putSize(svg, size);
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(svg) == svg.size() && file.flush();
 }
 
 } // namespace
