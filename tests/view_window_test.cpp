@@ -206,6 +206,13 @@ private slots:
                  QColor(230, 230, 230));
     }
 
+    void plotIsAsSharpAsItsScreen()
+    {
+        open("line.vs", cleanSurvey);
+        QCOMPARE(picks().bufferDevicePixelRatio(),
+                 qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble());
+    }
+
     void everyControlCanBeReachedByItsLetter()
     {
         QSet<QChar> letters;
