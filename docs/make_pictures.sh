@@ -17,7 +17,7 @@ trap 'rm -r "$folder"' EXIT
 "$view" samples/seismic_unix/line.su samples/sgt/line.sgt -o docs/record.png --size 1000x640
 
 # The ground of the samples once more, with shots at 60 and 100 m, where receivers are, and two times
-# that are 20 ms late: from 27.5 to 75 m, and from 60 to 100 m.
+# that are 30 ms late: from 27.5 to 75 m, and from 60 to 100 m.
 python3 - "$folder/line_with_mistakes.csv" <<'END'
 import math
 import sys
@@ -33,7 +33,7 @@ with open(sys.argv[1], "w") as table:
         for receiver in range(0, 120, 5):
             time = round(arrival(abs(receiver - shot)), 4)
             if (shot, receiver) in ((27.5, 75), (60.0, 100)):
-                time += 0.02
+                time += 0.03
             table.write(f"{shot},0,{receiver},0,{time:.4f}\n")
 END
 "$view" "$folder/line_with_mistakes.csv" -o docs/findings.png --size 1000x640
