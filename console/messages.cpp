@@ -13,27 +13,16 @@
 
 namespace {
 
-/// One line, whatever it quotes: a file given by mistake may be binary.
-std::string shown(std::string line)
+/// Shows one line, whatever it quotes: a file given by mistake may be binary.
+void show(const std::string &line)
 {
-    constexpr std::size_t longest = 1000;
-    if (line.size() > longest)
-        line.replace(longest, std::string::npos, "...");
-    for (char &character : line)
-        if (static_cast<unsigned char>(character) < ' ' || character == 127)
-            character = '?';
-    return line;
+    std::cerr << inOneLine(line) + '\n';
 }
 
 std::string lineOf(const Place &place, const std::string &text)
 {
     const std::string line = place.line != 0 ? std::to_string(place.line) + ':' : "";
-    return shown(place.file + ':' + line + ' ' + text);
-}
-
-void show(const std::string &line)
-{
-    std::cerr << line + '\n';
+    return inOneLine(place.file + ':' + line + ' ' + text);
 }
 
 void addRemarks(const Report &report, std::vector<std::string> &lines)
@@ -56,6 +45,17 @@ void addRemarks(const Report &report, std::vector<std::string> &lines)
 }
 
 } // namespace
+
+std::string inOneLine(std::string text)
+{
+    constexpr std::size_t longest = 1000;
+    if (text.size() > longest)
+        text.replace(longest, std::string::npos, "...");
+    for (char &character : text)
+        if (static_cast<unsigned char>(character) < ' ' || character == 127)
+            character = '?';
+    return text;
+}
 
 bool isAccepted(const Report &report, bool isStrict)
 {
@@ -82,6 +82,6 @@ int conclude(const Report &report, bool isStrict, const std::string &name)
 
 int refuseUsage(const std::string &reason)
 {
-    show(shown(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help"));
+    show(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help");
     return wrongUsage;
 }

@@ -15,6 +15,7 @@
 #include <cstring>
 #include <filesystem>
 #include <optional>
+#include <random>
 #include <system_error>
 
 #ifdef RENAME_EXCHANGE
@@ -120,19 +121,22 @@ bool locate(const std::string &path, Output &output, Report &report)
     return true;
 }
 
-/// Makes an empty file beside the target, of a name that no other run has, not even one of the same
-/// process number in another container. The name is short: the longest name that the system takes
-/// can be written. False when the system refuses.
-bool makePart(Output &output)
+/// Names a new file beside the target, after trying that it can be made. No other run takes the
+/// name, not even one of the same process number in another container, and it is short: the longest
+/// name that the system takes can be written. False when the system refuses.
+bool namePart(Output &output)
 {
     const std::string name =
         ".convert2velarix-part-" + std::to_string(QCoreApplication::applicationPid()) + '-';
-    for (int number = 0;; ++number) {
-        output.part = (output.target.parent_path() / (name + std::to_string(number))).string();
+    for (std::random_device random;;) {
+        output.part = (output.target.parent_path() / (name + std::to_string(random()))).string();
         if (std::FILE *file = std::fopen(output.part.c_str(), "wx")) {
             std::fclose(file);
             std::strncpy(unfinished[unfinishedCount].data(), output.part.c_str(), longestPath - 1);
             ++unfinishedCount;
+            // A file that stands already is cut when it is opened to be written, and one that was
+            // cut some systems write to the disk when it is closed: a quarter of a record's time.
+            std::remove(output.part.c_str());
             return true;
         }
         if (errno != EEXIST) {
@@ -162,7 +166,7 @@ bool begin(const std::vector<std::string> &paths, std::vector<Output> &outputs, 
             return false;
         std::error_code ignored;
         const bool isDirect = fs::exists(output.target, ignored) && !output.older;
-        if (!isDirect && !makePart(output))
+        if (!isDirect && !namePart(output))
             return failInFolder(path, output, report);
     }
     return true;

@@ -371,7 +371,7 @@ bool readFile(OpenFile &file, TraveltimeSurvey &survey, Report &report)
 std::int32_t readGeogigaTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, std::vector<Shot> &shots)
 {
-    Report report;
+    Report report = windowReport();
     readIntoSurvey(traveltimes, spreads, shots,
                    [&](TraveltimeSurvey &survey) { readGeogiga(path, survey, report); });
     return finish(report);

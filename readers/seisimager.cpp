@@ -160,7 +160,7 @@ void remarkOnLinesLeft(const std::string &firstLine, OpenFile &file, Report &rep
 std::int32_t readSeisImagerTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                        std::vector<Spread> &spreads, std::vector<Shot> &shots)
 {
-    Report report;
+    Report report = windowReport();
     readIntoSurvey(traveltimes, spreads, shots, [&](TraveltimeSurvey &survey) {
         SpreadIndex index;
         readSeisImager(path, survey, index, report);

@@ -189,7 +189,7 @@ void remarkOnLinesLeft(OpenFile &file, Report &report)
 std::int32_t readWinsismTraveltimes(std::string path, std::vector<ShotTraveltimes> &traveltimes,
                                     std::vector<Spread> &spreads, std::vector<Shot> &shots)
 {
-    Report report;
+    Report report = windowReport();
     readIntoSurvey(traveltimes, spreads, shots,
                    [&](TraveltimeSurvey &survey) { readWinsism(path, survey, report); });
     return finish(report);

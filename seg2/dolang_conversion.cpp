@@ -151,7 +151,7 @@ RecordSamples samplesOf(const std::vector<std::int32_t> &samples)
 void convertDolangToSeg2(std::string basePath)
 {
     for (const DolangKind &kind : dolangKinds) {
-        Report report;
+        Report report = windowReport();
         convertDolang(basePath, kind, kind.listingName, basePath + kind.seg2Ending,
                       standardProgress(), report);
         if (finish(report) != 0)

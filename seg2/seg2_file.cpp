@@ -160,7 +160,7 @@ void setFileString(Seg2File &file, std::string key, std::string value, Report &r
 
 void setFileString(Seg2File &file, std::string key, std::string value)
 {
-    Report report;
+    Report report = windowReport();
     setFileString(file, std::move(key), std::move(value), report);
     finish(report);
 }

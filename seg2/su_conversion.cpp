@@ -5,6 +5,7 @@
 
 #include "seg2/listing.h"
 #include "seg2/progress.h"
+#include "seg2/su_file.h"
 #include "traveltime/fields.h"
 
 #include <algorithm>
@@ -139,7 +140,7 @@ std::string suSeg2Path(const std::string &path)
 
 std::int32_t convertSuToSeg2(std::string path)
 {
-    Report report;
+    Report report = windowReport();
     convertSu(path, suListingPath(path), suSeg2Path(path), standardProgress(), report);
     return finish(report);
 }

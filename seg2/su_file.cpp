@@ -151,7 +151,7 @@ void reportOn(const FileRead &read, const SuFindings &findings, Report &report)
 
 void indexSuFile(std::string path, std::size_t &traceCount, std::vector<std::size_t> &traceOffsets)
 {
-    Report report;
+    Report report = windowReport();
     QFile file;
     SuFindings findings;
     const auto take = [&traceOffsets](const SuTrace &) {
@@ -172,7 +172,7 @@ void indexSuFile(std::string path, std::size_t &traceCount, std::vector<std::siz
 
 void readSuFile(std::string path, std::vector<SuTrace> &traces)
 {
-    Report report;
+    Report report = windowReport();
     QFile file;
     SuFindings findings;
     const auto take = [&traces](SuTrace &&trace) { traces.push_back(std::move(trace)); };

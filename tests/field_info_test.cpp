@@ -51,7 +51,7 @@ TEST(FieldInfo, Picks)
               (FieldRun{0,
                         "line.csv:\n"
                         "  format       table with a heading (csv)\n"
-                        "  known by     shot_x, receiver_x and time in its heading\n"
+                        "  known by     shot_x in its heading\n"
                         "  units        metres, seconds\n"
                         "  shots        2, x -2.5 to 7 m, elevation 100 to 101 m\n"
                         "  receivers    2, x 0 to 5 m, elevation 100 to 101.5 m\n"
@@ -82,7 +82,7 @@ TEST(FieldInfo, PicksForPrograms)
                                {"error", range(0.001, 0.001)}};
     const QJsonObject file = {{"file", "line.csv"},
                               {"format", "csv"},
-                              {"knownBy", "shot_x, receiver_x and time in its heading"},
+                              {"knownBy", "shot_x in its heading"},
                               {"units", "metres, seconds"},
                               {"picks", picks},
                               {"remarks", QJsonArray()},
@@ -125,6 +125,34 @@ TEST(FieldInfo, RecordsInEitherByteOrder)
                                   "  recorded     2022-03-22 13:58:30\n",
                             ""}));
     }
+}
+
+TEST(FieldInfo, ATextHasNoByteOrder)
+{
+    const FieldFolder folder;
+    folder.write("LINE.ADT", "1\n\"up\"\n\"\"\n-0.01\n2\n4000\n");
+    folder.write("LINE.A01", "1\n-2.5\n");
+    EXPECT_EQ(folder.run({"info", "LINE.ADT"}),
+              (FieldRun{0,
+                        "LINE.ADT:\n"
+                        "  format       Dolang, a set of files (dolang)\n"
+                        "  known by     its name and its header\n"
+                        "  units        seconds, samples per second\n"
+                        "  traces       1\n"
+                        "  samples      2, 32-bit floats\n"
+                        "  interval     0.25 ms\n"
+                        "  delay        -10 ms\n"
+                        "  amplitudes   -2.5 to 1\n"
+                        "  shots        none\n"
+                        "  channels     1\n"
+                        "  sources      none\n"
+                        "  receivers    none\n"
+                        "  stacked      1\n",
+                        ""}));
+    const QJsonObject info = objectOf(folder.run({"info", "--json", "LINE.ADT"}));
+    const QJsonObject record = info["files"].toArray().at(0)["record"].toObject();
+    EXPECT_FALSE(record.contains("byteOrder"));
+    EXPECT_EQ(record["strings"], (QJsonObject{{"NOTE", "up"}}));
 }
 
 TEST(FieldInfo, RecordsForPrograms)

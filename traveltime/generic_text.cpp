@@ -12,7 +12,7 @@ std::int32_t readGenericTraveltimes(std::string path, std::vector<ShotTraveltime
                                     std::vector<Spread> &spreads, const Shot &shot,
                                     std::uint32_t shotIndex)
 {
-    Report report;
+    Report report = windowReport();
     std::vector<Shot> noShots;
     readIntoSurvey(traveltimes, spreads, noShots, [&](TraveltimeSurvey &survey) {
         SpreadIndex index;

@@ -53,7 +53,7 @@ bool write(const std::string &path, const std::vector<ShotTraveltimes> &travelti
 std::int32_t writeOtteFile(std::string path, const std::vector<ShotTraveltimes> &traveltimes,
                            const std::vector<Spread> &spreads, const std::vector<Shot> &shots)
 {
-    Report report;
+    Report report = windowReport();
     write(path, traveltimes, spreads, shots, report);
     return finish(report);
 }
@@ -67,7 +67,7 @@ std::int32_t convertToOtte(const std::function<void(TraveltimeSurvey &, Report &
                            const std::string &outputPath)
 {
     TraveltimeSurvey survey;
-    Report report;
+    Report report = windowReport();
     read(survey, report);
     if (report.result == 0 && !report.error)
         writeOtte(outputPath, survey, report);

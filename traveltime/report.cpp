@@ -53,15 +53,23 @@ void remarkWorst(Report &report, RemarkKind kind, double size,
     }
 }
 
+Report windowReport()
+{
+    Report report;
+    report.printsAtOnce = true;
+    return report;
+}
+
 void print(Report &report, const std::string &line)
 {
-    report.printed += line + '\n';
+    if (report.printsAtOnce)
+        std::cerr << line + '\n';
+    else
+        report.printed += line + '\n';
 }
 
 std::int32_t finish(const Report &report)
 {
-    if (!report.printed.empty())
-        std::cerr << report.printed << std::flush;
     if (report.error)
         std::rethrow_exception(report.error);
     return report.result;

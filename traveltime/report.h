@@ -14,8 +14,8 @@
 #include <vector>
 
 // How every conversion reports: it fails at most once, remarks on what the user should know, and
-// prints what the window writes to the standard error stream. None of it is written here: whoever
-// gave the report decides what is shown.
+// prints what the window writes to the standard error stream. Whoever gave the report decides what
+// is shown.
 
 /// Where something stands in the inputs.
 struct Place
@@ -75,7 +75,8 @@ struct Report
     // What the window sees of it, which is less: see finish().
     std::int32_t result = 0;
     std::exception_ptr error = {};
-    std::string printed = {}; ///< lines for the standard error stream
+    bool printsAtOnce = false; ///< to the standard error stream; otherwise into `printed`
+    std::string printed = {};
 };
 
 inline constexpr std::size_t mostRemarks = 10;
@@ -107,7 +108,11 @@ void remark(Report &report, RemarkKind kind, Place place, const std::string &tex
 void remarkWorst(Report &report, RemarkKind kind, double size,
                  const std::function<std::string()> &text);
 
-/// Prints a line; see Report::printed.
+/// The report of a function that the window calls: its lines are printed at once, so that they keep
+/// their place among those of the standard output stream.
+Report windowReport();
+
+/// Prints a line; see Report::printsAtOnce.
 void print(Report &report, const std::string &line);
 
 /// Runs `work`, whose errors become the report's failure: one that `work` recorded itself is
@@ -115,9 +120,8 @@ void print(Report &report, const std::string &line);
 template <typename Work>
 bool attempt(Report &report, Work work);
 
-/// Ends a function that the window calls: writes report.printed to the standard error stream, then
-/// raises the report's error, if there is one, or returns report.result: 0, or 1 where the window
-/// stops.
+/// Ends a function that the window calls: raises the report's error, if there is one, or returns
+/// report.result: 0, or 1 where the window stops.
 std::int32_t finish(const Report &report);
 
 template <typename Work>

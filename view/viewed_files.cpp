@@ -34,7 +34,7 @@ void readRecord(const Input &input, ViewedFiles &files, Report &report, const Go
 }
 
 /// Reads a file; false when it cannot be read whole.
-bool readFile(const std::string &path, const Request &request, const PickOptions &options,
+bool readFile(const std::string &path, const Request &request, PickOptions options,
               ViewedFiles &files, Report &report, const GoesOn &goesOn)
 {
     const Input input = openInput(path, request, report);
@@ -45,6 +45,7 @@ bool readFile(const std::string &path, const Request &request, const PickOptions
         return !report.failure;
     }
     PickSurvey picks = files.picks;
+    options.progress = goesOn; // a file of picks is read to its end
     if (!readPicks(input, options, picks, report))
         return false;
     files.picks = std::move(picks);
