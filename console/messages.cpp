@@ -13,8 +13,8 @@
 
 namespace {
 
-/// Shows one line, whatever it quotes: a file given by mistake may be binary.
-void show(std::string line)
+/// One line, whatever it quotes: a file given by mistake may be binary.
+std::string shown(std::string line)
 {
     constexpr std::size_t longest = 1000;
     if (line.size() > longest)
@@ -22,29 +22,36 @@ void show(std::string line)
     for (char &character : line)
         if (static_cast<unsigned char>(character) < ' ' || character == 127)
             character = '?';
+    return line;
+}
+
+std::string lineOf(const Place &place, const std::string &text)
+{
+    const std::string line = place.line != 0 ? std::to_string(place.line) + ':' : "";
+    return shown(place.file + ':' + line + ' ' + text);
+}
+
+void show(const std::string &line)
+{
     std::cerr << line + '\n';
 }
 
-void show(const Place &place, const std::string &text)
+void addRemarks(const Report &report, std::vector<std::string> &lines)
 {
-    const std::string line = place.line != 0 ? std::to_string(place.line) + ':' : "";
-    show(place.file + ':' + line + ' ' + text);
-}
-
-void showRemarks(const Report &report)
-{
-    std::map<std::pair<std::string, RemarkKind>, std::size_t> shown;
+    std::map<std::pair<std::string, RemarkKind>, std::size_t> added;
     for (const Remark &remark : report.remarks) {
         const std::pair kind(remark.place.file, remark.kind);
         const std::size_t count = report.remarkCounts.at(kind);
         if (report.worst.contains(kind)) {
-            show(remark.place,
-                 remark.text + (count > 1 ? " (the worst of " + std::to_string(count) + ')' : ""));
+            lines.push_back(lineOf(
+                remark.place,
+                remark.text + (count > 1 ? " (the worst of " + std::to_string(count) + ')' : "")));
             continue;
         }
-        show(remark.place, remark.text);
-        if (++shown[kind] == mostRemarks && count > mostRemarks)
-            show({remark.place.file}, std::to_string(count - mostRemarks) + " more of this kind");
+        lines.push_back(lineOf(remark.place, remark.text));
+        if (++added[kind] == mostRemarks && count > mostRemarks)
+            lines.push_back(lineOf({remark.place.file},
+                                   std::to_string(count - mostRemarks) + " more of this kind"));
     }
 }
 
@@ -55,18 +62,26 @@ bool isAccepted(const Report &report, bool isStrict)
     return !report.failure && !(isStrict && !report.remarks.empty());
 }
 
+std::vector<std::string> messagesOf(const Report &report)
+{
+    std::vector<std::string> lines;
+    addRemarks(report, lines);
+    if (report.failure)
+        lines.push_back(lineOf(report.failure->place, report.failure->text));
+    return lines;
+}
+
 int conclude(const Report &report, bool isStrict, const std::string &name)
 {
-    showRemarks(report);
-    if (report.failure)
-        show(report.failure->place, report.failure->text);
-    else if (!isAccepted(report, isStrict))
-        show({name}, "nothing is made: --strict takes no remarks");
+    for (const std::string &line : messagesOf(report))
+        show(line);
+    if (!report.failure && !isAccepted(report, isStrict))
+        show(lineOf({name}, "nothing is made: --strict takes no remarks"));
     return isAccepted(report, isStrict) ? converted : conversionFailed;
 }
 
 int refuseUsage(const std::string &reason)
 {
-    show(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help");
+    show(shown(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help"));
     return wrongUsage;
 }

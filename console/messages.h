@@ -6,6 +6,7 @@
 #include "traveltime/report.h"
 
 #include <string>
+#include <vector>
 
 // The command's exit status.
 inline constexpr int converted = 0;
@@ -15,8 +16,11 @@ inline constexpr int wrongUsage = 2;
 /// Whether the outputs may be made: nothing failed, and with `isStrict` there is no remark either.
 bool isAccepted(const Report &report, bool isStrict);
 
-/// Shows the remarks and the failure on the standard error stream, each in one line
-/// "file:line: text", and returns the exit status. `name` is what was to be made or converted, for
+/// The remarks and the failure, each in one line "file:line: text".
+std::vector<std::string> messagesOf(const Report &report);
+
+/// Shows the remarks and the failure on the standard error stream and returns the exit
+/// status. `name` is what was to be made or converted, for
 /// the line that says that `isStrict` prevented it.
 int conclude(const Report &report, bool isStrict, const std::string &name);
 

@@ -27,15 +27,6 @@ struct Outcome
     QJsonObject object = {};             ///< the same, for programs
 };
 
-/// "line.vs:12: ..." or "line.su: trace 3: ...".
-std::string lineOf(const Finding &finding)
-{
-    return finding.place.file + ':'
-           + (finding.place.line != 0 ? std::to_string(finding.place.line) + ':' : "")
-           + (finding.trace != 0 ? " trace " + std::to_string(finding.trace) + ':' : "") + ' '
-           + finding.text;
-}
-
 QJsonObject toJson(const Finding &finding)
 {
     QJsonObject object{{"kind", QString::fromStdString(finding.kind)},

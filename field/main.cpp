@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "console/messages.h"
+#include "field/arguments.h"
 #include "field/check_command.h"
 #include "field/convert_command.h"
 #include "field/formats_command.h"
@@ -58,12 +59,7 @@ void addOptions(QCommandLineParser &parser)
 {
     parser.addOption({{"o", "output"}, "The file to write; of several records, a folder.", "OUT"});
     parser.addOption({"to", "Format to write; otherwise the extension of OUT decides.", "format"});
-    parser.addOption({"from", "Format of files whose content could be of two.", "format"});
-    parser.addOption({"times-in", "Unit of times in generic and Geogiga files, s or ms.", "unit"});
-    parser.addOption(
-        {"shots", "Shot positions of generic files, a line file;x;elevation each.", "file"});
-    parser.addOption(
-        {"topography", "Take all elevations from this file, a line x;elevation each.", "file"});
+    addReadingOptions(parser);
     parser.addOption({"byte-order",
                       "Of Seismic Unix output, little or big; otherwise this machine's.", "order"});
     parser.addOption({"millivolts", "Write samples times their factor to Seismic Unix."});
@@ -75,57 +71,9 @@ void addOptions(QCommandLineParser &parser)
     parser.addPositionalArgument("files", "The files to read.", "[files...]");
 }
 
-/// The names of the formats that `can` do something: "otte, sgt or csv".
-template <typename Can>
-std::string namesOf(Can can)
-{
-    std::vector<std::string> names;
-    for (const Format &format : formats())
-        if (can(format))
-            names.push_back(format.name);
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i)
-        text += (i == 0 ? "" : i + 1 == names.size() ? " or " : ", ") + names[i];
-    return text;
-}
-
-bool canRead(const Format &format)
-{
-    return format.readPicks != nullptr || format.readRecord != nullptr;
-}
-
 bool canWrite(const Format &format)
 {
     return format.writePicks != nullptr || format.writesRecords;
-}
-
-/// Sets `format` to what an option names; returns what is wrong with it, empty when nothing is.
-std::string takeFormat(const QCommandLineParser &parser, const QString &option,
-                       bool (*can)(const Format &), const Format *&format)
-{
-    if (!parser.isSet(option))
-        return "";
-    const std::string name = parser.value(option).toStdString();
-    format = formatNamed(name);
-    return format != nullptr && can(*format)
-               ? ""
-               : "--" + option.toStdString() + " takes " + namesOf(can) + ", not \"" + name + '"';
-}
-
-/// Sets `value` to that of the word that an option gives; returns what is wrong with it.
-template <typename Value>
-std::string takeWord(const QCommandLineParser &parser, const QString &option, const QString &first,
-                     Value firstValue, const QString &second, Value secondValue,
-                     std::optional<Value> &value)
-{
-    if (!parser.isSet(option))
-        return "";
-    const QString word = parser.value(option);
-    value = word == first ? firstValue : secondValue;
-    return word == first || word == second
-               ? ""
-               : ("--" + option + " takes " + first + " or " + second + ", not \"" + word + '"')
-                     .toStdString();
 }
 
 std::string takeTolerance(const QCommandLineParser &parser, double &tolerance)
@@ -148,15 +96,9 @@ std::string wrongUsageOf(const Command &command, const QCommandLineParser &parse
         const QString name = option == "o" ? "output" : option;
         if (!command.options.contains(name))
             return (command.name + " takes no --" + name).toStdString();
-        if (parser.values(name).size() > 1)
-            return ("--" + name + " is given twice").toStdString();
-        if (parser.values(name).contains(""))
-            return ("--" + name + " needs a value").toStdString();
-        if (parser.values(name).contains("-"))
-            return "standard input and output are not taken: name a file instead of \"-\"";
     }
-    if (files.contains("-"))
-        return "standard input and output are not taken: name a file instead of \"-\"";
+    if (const std::string reason = wrongValuesOf(parser); !reason.empty())
+        return reason;
     if (!command.takesFiles && !files.isEmpty())
         return command.name.toStdString() + " takes no files";
     if (command.takesFiles && (files.isEmpty() || files.contains("")))
@@ -172,16 +114,11 @@ std::string takeOptions(const QCommandLineParser &parser, Request &request)
     for (const QString &file : parser.positionalArguments().mid(1))
         request.files.push_back(file.toStdString());
     request.output = parser.value("output").toStdString();
-    request.shotList = parser.value("shots").toStdString();
-    request.topography = parser.value("topography").toStdString();
     request.isInMillivolts = parser.isSet("millivolts");
     request.isStrict = parser.isSet("strict");
     request.isJson = parser.isSet("json");
     for (const std::string &reason :
-         {takeFormat(parser, "from", canRead, request.from),
-          takeFormat(parser, "to", canWrite, request.to),
-          takeWord(parser, "times-in", "s", TimeUnit::seconds, "ms", TimeUnit::milliseconds,
-                   request.timesIn),
+         {takeReadingOptions(parser, request), takeFormat(parser, "to", canWrite, request.to),
           takeWord(parser, "byte-order", "little", ByteOrder::littleEndian, "big",
                    ByteOrder::bigEndian, request.byteOrder),
           takeTolerance(parser, request.tolerance)})
@@ -223,18 +160,8 @@ int main(int argc, char *argv[])
     const QCommandLineOption version = parser.addVersionOption();
     addOptions(parser);
 
-    const QStringList arguments = QCoreApplication::arguments();
-#ifndef _WIN32
-    for (int i = 1; i < argc; ++i)
-        if (arguments[i].toLocal8Bit() != argv[i])
-            return refuseUsage("argument " + std::to_string(i) + " is not valid UTF-8");
-#endif
-    if (!parser.parse(arguments)) {
-        QString reason = parser.errorText();
-        if (reason.endsWith('.'))
-            reason.chop(1);
-        return refuseUsage(reason.toStdString());
-    }
+    if (const std::string reason = parseArguments(argc, argv, parser); !reason.empty())
+        return refuseUsage(reason);
     if (parser.isSet(help))
         parser.showHelp();
     if (parser.isSet(version))

@@ -41,15 +41,21 @@ void findWrongTimes(std::size_t record, const PickSurvey &picks, std::vector<Fin
         const Place place = placeOf(picks.origins[record][i], picks);
         const bool isAtShot = isSamePlace(receivers[i], shot);
         if (isAtShot && time > 0.001 + 1e-9)
-            findings.push_back({"zeroOffset", place, 0,
+            findings.push_back({"zeroOffset",
+                                place,
+                                0,
                                 inMilliseconds(time)
                                     + " where the shot is: the shot's moment or a position is "
-                                      "wrong, and with it the other times"});
+                                      "wrong, and with it the other times",
+                                {{record, i}}});
         if (!isAtShot && time == 0.0)
-            findings.push_back({"zeroTime", place, 0,
+            findings.push_back({"zeroTime",
+                                place,
+                                0,
                                 "a time of 0 at x = " + shortest(receivers[i].x)
                                     + ", away from the shot at " + shortest(shot.x)
-                                    + ": no wave is that fast, so that it is no pick"});
+                                    + ": no wave is that fast, so that it is no pick",
+                                {{record, i}}});
     }
 }
 
@@ -64,10 +70,13 @@ void findRepeatedReceivers(std::size_t record, const PickSurvey &picks,
             if (!isSamePlace(receivers[found->second], receivers[i]))
                 continue;
             const Place before = placeOf(picks.origins[record][found->second], picks);
-            findings.push_back({"repeatedReceiver", placeOf(picks.origins[record][i], picks), 0,
+            findings.push_back({"repeatedReceiver",
+                                placeOf(picks.origins[record][i], picks),
+                                0,
                                 "the receiver at x = " + shortest(receivers[i].x)
                                     + " has a time in line " + std::to_string(before.line)
-                                    + " already: which of them counts is open"});
+                                    + " already: which of them counts is open",
+                                {{record, i}, {record, found->second}}});
             break;
         }
         seen.emplace(receivers[i].x, i);
@@ -88,10 +97,13 @@ void findOutliers(const std::vector<CheckedPick> &side, std::size_t record, cons
         if (std::abs(pick.time - onLine) <= limit + 1e-9)
             continue;
         const double rounded = std::round(onLine * 1e5) / 1e5;
-        findings.push_back({"outlier", placeOf(picks.origins[record][pick.index], picks), 0,
+        findings.push_back({"outlier",
+                            placeOf(picks.origins[record][pick.index], picks),
+                            0,
                             inMilliseconds(pick.time) + ", where its neighbours' times make "
                                 + inMilliseconds(rounded)
-                                + ": was another wave or another receiver picked?"});
+                                + ": was another wave or another receiver picked?",
+                            {{record, pick.index}}});
     }
 }
 

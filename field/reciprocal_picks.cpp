@@ -114,14 +114,17 @@ std::optional<double> compare(std::size_t record, std::size_t pick, std::size_t 
     const double difference = std::abs(time - timeBack);
     const Place place = placeOf(picks.origins[record][pick], picks);
     if (difference > allowed(time, timeBack, tolerance))
-        findings.push_back({"reciprocal", place, 0,
+        findings.push_back({"reciprocal",
+                            place,
+                            0,
                             inMilliseconds(time)
                                 + " from x = " + shortest(picks.survey.shots[record].x) + " to "
                                 + shortest(picks.survey.shots[other].x) + ", but "
                                 + inMilliseconds(timeBack) + " the other way round ("
                                 + inWords(placeOf(picks.origins[other][*back], picks), place.file)
                                 + "): a wave takes the same time both ways, so that a pick or a "
-                                  "position is wrong"});
+                                  "position is wrong",
+                            {{record, pick}, {other, *back}}});
     return difference;
 }
 
@@ -137,7 +140,7 @@ void compareShots(std::size_t record, std::size_t earlier, const SearchableSurve
     std::size_t differing = 0;
     std::size_t worst = 0;
     double worstExcess = 0.0;
-    double worstTime = 0.0;
+    std::size_t worstThere = 0;
     for (std::size_t i = 0; i < receivers.size(); ++i) {
         const std::optional<std::size_t> same =
             firstAt(receivers[i], survey.layouts[there.spreadIndex]);
@@ -151,19 +154,23 @@ void compareShots(std::size_t record, std::size_t earlier, const SearchableSurve
             continue;
         worst = i;
         worstExcess = excess;
-        worstTime = there.times[*same];
+        worstThere = *same;
     }
     if (differing == 0)
         return;
     const Place place = placeOf(picks.shotOrigins[record], picks);
-    findings.push_back(
-        {"shotsAtOnePlace", place, 0,
-         "another shot at x = " + shortest(here.shotX) + " ("
-             + inWords(placeOf(picks.shotOrigins[earlier], picks), place.file)
-             + ") has other times at " + std::to_string(differing) + " of "
-             + counted(common, "receiver") + ", most at x = " + shortest(receivers[worst].x) + ": "
-             + inMilliseconds(worstTime) + " there and " + inMilliseconds(here.times[worst])
-             + " here, so that one of the shots is placed or picked wrong"});
+    findings.push_back({"shotsAtOnePlace",
+                        place,
+                        0,
+                        "another shot at x = " + shortest(here.shotX) + " ("
+                            + inWords(placeOf(picks.shotOrigins[earlier], picks), place.file)
+                            + ") has other times at " + std::to_string(differing) + " of "
+                            + counted(common, "receiver")
+                            + ", most at x = " + shortest(receivers[worst].x) + ": "
+                            + inMilliseconds(there.times[worstThere]) + " there and "
+                            + inMilliseconds(here.times[worst])
+                            + " here, so that one of the shots is placed or picked wrong",
+                        {{record, worst}, {earlier, worstThere}}});
 }
 
 } // namespace

@@ -226,3 +226,22 @@ TEST(PickChecks, FindingsComeFileByFileAndLineByLine)
     EXPECT_EQ(places, (Remarks{"b.vs:11: zeroTime", "b.vs:12: negativeTime", "b.vs:13: reciprocal",
                                "a.vs:22: negativeTime"}));
 }
+
+TEST(PickChecks, FindingsNameTheirPicks)
+{
+    PickSurvey picks;
+    addShot(picks, 1, 0, {{5, 10}, {10, 20}, {15, 80}, {20, 40}, {25, -1}, {0, 9}});
+    addShot(picks, 2, 10, {{0, 30}, {5, 0}, {5, 10}});
+    addShot(picks, 3, 0, {{10, 21}, {20, 70}});
+    std::vector<std::string> lines;
+    PickCheckSummary summary;
+    for (const Finding &finding : checkPicks(picks, 2.0, summary)) {
+        std::string line = finding.kind;
+        for (const PickIndex &pick : finding.picks)
+            line += ' ' + std::to_string(pick.record) + ',' + std::to_string(pick.pick);
+        lines.push_back(line);
+    }
+    EXPECT_EQ(lines, (Remarks{"outlier 0,1", "reciprocal 0,1 1,0", "outlier 0,2", "negativeTime",
+                              "zeroOffset 0,4", "reciprocal 1,0 2,0", "zeroTime 1,1",
+                              "repeatedReceiver 1,2 1,1", "shotsAtOnePlace 2,1 0,3"}));
+}
