@@ -35,6 +35,13 @@ END_OF_COMMAND = "\x1e"
 RUN_ELSEWHERE = {
     "./run": "by hand; it opens the window",
     "./test": ".ci/run",
+    "parallel --sshloginfile machines --workdir . --joblog jobs -n 100 convert2velarix-field convert"
+    " --to seg2 {} -o seg2 :::: records": "by hand, as it needs other machines",
+    "sbatch --array=0-$((($(wc -l < records) - 1) / 1000)) convert_array.sbatch records seg2":
+        "by hand; the script itself is run",
+    "sbatch --array=0-$((($(wc -l < missing) - 1) / 1000)) convert_array.sbatch missing seg2":
+        "by hand",
+    "squeue --me": "by hand",
 }
 
 
