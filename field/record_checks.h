@@ -18,7 +18,7 @@ struct RecordChecks
     std::string format = {}; ///< see RecordFile
     std::size_t traceCount = 0;
     std::size_t firstSampleCount = 0;
-    double firstInterval = 0.0;
+    double firstInterval = 0.0;      ///< seconds
     std::set<Location> sources = {}; ///< two of them at most
     std::set<Location> receivers = {};
     std::size_t oddTraces = 0; ///< with samples that are not finite
@@ -35,7 +35,13 @@ struct RecordChecks
 /// Takes the next trace of a record.
 void checkTrace(RecordChecks &checks, const RecordFile &file, const RecordTrace &trace);
 
-/// All findings of a record, those of windowLosses() included.
+/// All findings of a record, once its last trace has passed. Their kinds:
+///
+/// - notFinite, dead, clipped: samples that are no numbers, no signal, samples cut off at a largest
+///   value;
+/// - sampleCount, sampleInterval: traces that differ from the first;
+/// - noInterval, noGeometry, angles: intervals of 0, positions that are missing, or no metres;
+/// - window: what the window would lose.
 std::vector<Finding> finishChecks(const RecordChecks &checks, const std::string &path);
 
 /// The largest or least value of samples that are cut off there: three or more of them in a row

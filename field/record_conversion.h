@@ -21,9 +21,10 @@ struct RecordTarget
     bool isInMillivolts = false; ///< samples become 32-bit floats, times their factor
 };
 
-/// Converts a record, a trace at a time, into a new file. `progress` takes the fraction that is
-/// read, if it is there. Nothing that the record says is lost without a remark; what the target has
-/// no room for is a failure. A file that was begun when the conversion fails is not whole.
+/// Converts a record, a trace at a time, into a new file, with `read` of its format (formats.h).
+/// Returns whether the report has no failure. `progress` takes the fraction that is read, if it is
+/// there. Nothing that the record says is lost without a remark; what the target has no room for is
+/// a failure. A file that was begun when the conversion fails is not whole.
 bool convertRecord(ReadRecord *read, const std::string &path, const RecordTarget &target,
                    const std::string &outputPath,
                    const std::function<void(double fraction)> &progress, Report &report);

@@ -9,6 +9,6 @@
 #include <vector>
 
 /// Reads a list of shots: a line "file;x;elevation" for each generic file, whose name counts from
-/// the folder of the list. Appends them to `positions` and returns whether the report has no
-/// failure.
+/// the folder of the list; lengths are in metres. Appends them to `positions` and returns whether
+/// the report has no failure.
 bool readShotList(const std::string &path, std::vector<ShotPosition> &positions, Report &report);

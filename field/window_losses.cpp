@@ -6,6 +6,7 @@
 #include "field/numbers.h"
 #include "seg2/dolang_conversion.h"
 #include "seg2/su_conversion.h"
+#include "seg2/su_file.h"
 #include "traveltime/fields.h"
 
 #include <algorithm>

@@ -14,8 +14,8 @@
 /// "INFO" lines, "ELEVATION" (one for all shots and receivers) and "TOTAL_NUMBER_OF_SHOTS"; then
 /// for every shot "SEISMIC_DATA_FILE_NAME", "SHOT_LOCATION", "NUMBER_OF_RECEIVERS", a column
 /// heading and the receiver rows (number, x, time, number). A colon separates keyword and
-/// value, a second colon ends the value. Times are taken as they stand. All shots refer to spread
-/// 0, which holds for each receiver the position that the last shot gave it.
+/// value, a second colon ends the value. Times are taken as they stand, as seconds. All shots refer
+/// to spread 0, which holds for each receiver the position that the last shot gave it.
 ///
 /// Between a block's last row and the next block at most lone carriage returns may stand: rows that
 /// end in CR LF pass, rows that end in a bare LF do not.

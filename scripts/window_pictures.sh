@@ -17,5 +17,5 @@ home=$(mktemp -d)/survey
 trap 'rm -r "$(dirname "$home")"' EXIT
 mkdir "$home"
 cp samples/seisimager/line.vs samples/generic/shot1.txt "$home"
-HOME=$home LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen "$build/docs/window_pictures" docs
+HOME=$home LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen "$build/tests/window_pictures" docs
 ls docs/window*.png

@@ -31,10 +31,11 @@ inline constexpr std::array<DolangKind, 3> dolangKinds = {
 /// files.
 ///
 /// A kind's header is a text file: leading lines in quotes, the number of channels, two lines that
-/// are not used, the delay, the samples per channel and the samples per second. A channel file
-/// holds a sample per line. Lines that are missing or hold no integer count as 0. Throws
-/// std::length_error "vector too long", with nothing of the kind written, when the header asks for
-/// ten million samples more than the channel files read so far have bytes.
+/// are not used, the delay in seconds, the samples per channel and the samples per second. A
+/// channel file holds a sample per line. Lines that are missing or hold no integer count as 0.
+/// Throws std::length_error "vector too long", with nothing of the kind written, when the header
+/// asks for ten million samples more than the channel files read so far have bytes. SEG2 samples
+/// are 32-bit floats; positions are 0.
 void convertDolangToSeg2(std::string basePath);
 
 /// Converts one kind. The lines about the traces go to `progress`, if there is one. report.result

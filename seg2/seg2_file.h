@@ -35,6 +35,7 @@ struct Seg2Trace
     std::uint8_t formatCode = 4;
     std::array<char, 19> reserved = spaces<19>();
     std::map<std::string, std::string> strings = {};
+    // Samples are the recorder's counts: times DESCALING_FACTOR they are millivolts.
     std::vector<std::int16_t> int16Samples = {};  ///< format code 1
     std::vector<std::int32_t> int32Samples = {};  ///< format code 2
     std::vector<std::uint8_t> packedSamples = {}; ///< format code 3: 20 bits a sample
@@ -61,15 +62,15 @@ struct Seg2File
     std::vector<Seg2Trace> traces = {};
 };
 
-/// What a trace is built from, beside its samples.
+/// What a trace is built from, beside its samples. Positions are in metres; x is along the line.
 struct Seg2TraceHeader
 {
     std::uint8_t formatCode = 4; ///< not read: every trace is built with 32-bit floats
     std::uint32_t sampleCount = 0;
     double sampleInterval = 0.0; ///< seconds
     std::uint32_t stackCount = 0;
-    double delay = 0.0; ///< seconds
-    double descalingFactor = 0.0;
+    double delay = 0.0;           ///< seconds
+    double descalingFactor = 0.0; ///< sample times this is millivolts
     double receiverX = 0.0;
     double receiverY = 0.0;
     double receiverZ = 0.0;
@@ -84,7 +85,8 @@ void setFileString(Seg2File &file, std::string key, std::string value, Report &r
 void setFileString(Seg2File &file, std::string key, std::string value);
 
 /// A trace of `header.sampleCount` 32-bit floats, with the six strings that the header's values
-/// make, printed with six significant digits.
+/// make, printed with six significant digits. Fewer samples are an error when it is written; more
+/// are left out.
 Seg2Trace buildTrace(const Seg2TraceHeader &header, std::vector<float> samples);
 
 /// Builds a trace and appends it to the file.
@@ -111,7 +113,8 @@ std::ostream &writeOneByOne(Seg2File &file, std::size_t traceCount,
 /// Writes the file's descriptor block, for file.traceCount traces, to a stream positioned at 0.
 void writeDescriptor(Seg2File &file, std::ostream &stream);
 
-/// Appends a trace, its descriptor block and its samples, which begins at `start` in the file.
+/// Appends a trace, its descriptor block and its samples, which begins at byte `start` of the file.
+/// Throws as write() does.
 void appendTrace(std::string &bytes, Seg2Trace &trace, const Seg2File &file, std::uint64_t start);
 
 /// Writes file.tracePointers into the room that is left for them.

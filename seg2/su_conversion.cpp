@@ -5,6 +5,7 @@
 
 #include "seg2/listing.h"
 #include "seg2/progress.h"
+#include "seg2/su_file.h"
 #include "traveltime/fields.h"
 
 #include <algorithm>

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "seg2/su_file.h"
 #include "traveltime/report.h"
 
 #include <cstdint>
@@ -17,8 +16,10 @@ std::string beforeLastDot(const std::string &path);
 std::string suListingPath(const std::string &path);
 std::string suSeg2Path(const std::string &path);
 
-/// Converts a Seismic Unix file into a listing and a SEG2 file, of the names above. Returns 1 when
-/// the listing cannot be created and 0 otherwise, even after an error.
+/// Converts a little-endian Seismic Unix file into a listing and a SEG2 file, of the names above.
+/// Positions are in metres, x alone; intervals in seconds; samples are 32-bit floats,
+/// of which each trace gets as many as the first one has, with a 0 for the last. Returns 1 when the
+/// listing cannot be created and 0 otherwise, even after an error.
 std::int32_t convertSuToSeg2(std::string path);
 
 /// The same into files of any names, a trace at a time: only a file that can be read but once, or

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "seg2/su_conversion.h"
+#include "seg2/su_file.h"
 
 #include "tests/support/faults.h"
 #include "tests/support/su_conversions.h"

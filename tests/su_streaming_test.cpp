@@ -4,6 +4,7 @@
 // How the traces of a Seismic Unix file are read while they are converted.
 
 #include "seg2/su_conversion.h"
+#include "seg2/su_file.h"
 
 #include "tests/support/faults.h"
 #include "tests/support/odd_files.h"

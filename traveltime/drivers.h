@@ -12,7 +12,8 @@
 
 // Each driver reads a vendor's traveltime file and writes it as one OTTE file. It returns 0, or the
 // first result of the reader or of the writer that is not 0; when the reader fails, the output is
-// not touched. Errors raised by a reader pass through.
+// not touched. Errors raised by a reader pass through. Units are those of the reader and the
+// writer.
 
 std::int32_t convertGeogiga(std::string inputPath, std::string outputPath);
 std::int32_t convertWinsism(std::string inputPath, std::string outputPath);

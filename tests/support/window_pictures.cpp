@@ -47,9 +47,11 @@ public:
 /// Chooses the filter and the file, and takes the picture before it accepts them.
 void chooseLine(QDialog &window)
 {
-    auto &dialog = qobject_cast<QFileDialog &>(window);
-    dialog.selectNameFilter(seisImager);
-    dialog.selectFile(atHome("line.vs"));
+    auto *const dialog = qobject_cast<QFileDialog *>(&window);
+    if (dialog == nullptr)
+        return note("no file dialog");
+    dialog->selectNameFilter(seisImager);
+    dialog->selectFile(atHome("line.vs"));
     take(window, "window_filter.png");
     choose({atHome("line.vs")}, seisImager)(window);
 }
