@@ -51,6 +51,7 @@ void chooseLine(QDialog &window)
     if (dialog == nullptr)
         return note("no file dialog");
     dialog->selectNameFilter(seisImager);
+    QTest::qWait(500); // until the folder is listed
     dialog->selectFile(atHome("line.vs"));
     take(window, "window_filter.png");
     choose({atHome("line.vs")}, seisImager)(window);
