@@ -15,9 +15,11 @@ programs' folder, and one bash for all of its commands. In a page stand:
     ```sh          commands that are not run here: RUN_ELSEWHERE names each, and who runs it
     ```text        no commands
     <!-- prepare   commands that make the files that a reader would bring, up to "-->"
+    <!-- needs PROGRAM... -->    without these nothing of the page is run
 
 Code that is indented instead would escape, and is refused. Links into the project must lead
-somewhere. Ends with 77 when all is well but a program that is optional was not there.
+somewhere. A block whose commands need an optional program that is not there is skipped; then all that
+is well ends with 77.
 """
 
 import os
@@ -29,7 +31,7 @@ import sys
 import tempfile
 
 SOURCE = pathlib.Path(__file__).resolve().parent.parent
-OPTIONAL = ("convert2velarix-view", "parallel", "jq", "sbatch", "ssh")
+OPTIONAL = ("convert2velarix-view", "jq")
 END_OF_COMMAND = "\x1e"
 
 RUN_ELSEWHERE = {
@@ -58,6 +60,8 @@ def blocks(page):
             kind = None
         elif kind is not None:
             inside.append(line)
+        elif needed := re.fullmatch(r"<!-- needs (.*) -->", line):
+            yield number, "needs", needed[1].split()
         elif line.startswith("    "):
             yield number, "indented", [line]
     if kind is not None:
@@ -113,12 +117,10 @@ def as_pattern(expected):
     return "".join(r"(.*\n)*?" if line == "..." else re.escape(line + "\n") for line in expected)
 
 
-def missing_program(command):
-    """The optional program that the command needs and that is not there, or nothing."""
-    for program in OPTIONAL:
-        if re.search(rf"(^|[\s;|&(]){program}\s", command) and not shutil.which(program):
-            return program
-    return None
+def missing_programs(commands):
+    """The optional programs that the commands need and that are not there."""
+    return [program for program in OPTIONAL if not shutil.which(program)
+            and re.search(rf"(^|[\s;|&(]){program}\s", commands)]
 
 
 def complaints_of(page, folder, programs, skipped):
@@ -128,7 +130,11 @@ def complaints_of(page, folder, programs, skipped):
     for number, kind, lines in blocks(page):
         if kind == "text":
             continue
-        if kind == "sh":
+        if kind == "needs":
+            if missing := [program for program in lines if not shutil.which(program)]:
+                skipped.append(f"{page.name}: {', '.join(missing)} not installed")
+                break
+        elif kind == "sh":
             for line in lines:
                 if line.split("#")[0].strip() not in RUN_ELSEWHERE:
                     yield f"{number}: nobody runs {line!r}"
@@ -137,12 +143,12 @@ def complaints_of(page, folder, programs, skipped):
             if printed or status:
                 yield f"{number}: preparing printed {printed!r}, status {status}"
         elif kind == "console":
+            if missing := missing_programs("\n".join(lines)):
+                skipped.append(f"{page.name}:{number}: {', '.join(missing)} not installed")
+                continue
             for at, command, expected in commands(number, lines):
-                command = "\n".join(command)
-                if program := missing_program(command):
-                    skipped.append(f"{page.name}:{at}: {program} is not installed: {command}")
-                    continue
                 ran += 1
+                command = "\n".join(command)
                 printed, status = reader.run(command)
                 if not re.fullmatch(as_pattern(expected), printed):
                     yield f"{at}: $ {command}\n" + "\n".join(expected) + f"\n--- but:\n{printed}"
@@ -174,7 +180,8 @@ def main():
             for complaint in [*complaints_of(page, folder, programs, skipped), *dead_links(page)]:
                 print(f"{page.name}:{complaint}")
                 failures += 1
-    print("\n".join(f"skipped: {line}" for line in skipped))
+    for line in skipped:
+        print(f"skipped: {line}")
     return 1 if failures else 77 if skipped else 0
 
 

@@ -52,7 +52,7 @@ void chooseLine(QDialog &window)
         return note("no file dialog");
     dialog->selectNameFilter(seisImager);
     QTest::qWait(500); // until the folder is listed
-    dialog->selectFile(atHome("line.vs"));
+    type(window, "fileNameEdit", "line.vs");
     take(window, "window_filter.png");
     choose({atHome("line.vs")}, seisImager)(window);
 }
