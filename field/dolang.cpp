@@ -8,6 +8,7 @@
 #include "field/trace_tally.h"
 #include "traveltime/text.h"
 
+#include <cmath>
 #include <filesystem>
 #include <vector>
 
@@ -132,6 +133,9 @@ bool readChannel(const std::string &path, const DolangHeader &header, std::size_
         if (!readNumber(input.line, "a sample", sample, input, report))
             return false;
         samples.push_back(static_cast<float>(sample));
+        if (std::isinf(samples.back()))
+            return fail(report, "a sample of " + shortest(sample)
+                                    + ": 3.4028235e+38 is the largest that is read");
         if (shortest(samples.back()) != shortest(sample))
             countTrace(rounding, channel, [&] {
                 return "samples become 32-bit floats: " + shortest(sample) + " becomes "

@@ -58,20 +58,22 @@ QJsonObject toJson(const RecordSummary &summary)
     QJsonObject strings;
     for (const auto &[name, value] : summary.file.strings)
         strings[QString::fromStdString(name)] = QString::fromStdString(value);
-    return {{"byteOrder", summary.file.byteOrder == ByteOrder::bigEndian ? "big" : "little"},
-            {"strings", strings},
-            {"traces", count(summary.traces)},
-            {"hasAngles", summary.hasAngles},
-            {"deadTraces", count(summary.deadTraces)},
-            {"sampleTypes", toArray(summary.sampleTypes, QString::fromStdString)},
-            {"samples", toJson(summary.samples)},
-            {"sampleInterval", toJson(summary.sampleInterval)},
-            {"delay", toJson(summary.delay)},
-            {"amplitude", toJson(summary.amplitude)},
-            {"stackCount", toJson(summary.stackCount)},
-            {"shotNumbers", toArray(summary.shotNumbers, toNumber)},
-            {"channelNumbers", toArray(summary.channelNumbers, toNumber)},
-            {"recorded", toArray(summary.times, QString::fromStdString)},
-            {"sources", toJson(summary.sources)},
-            {"receivers", toJson(summary.receivers)}};
+    QJsonObject object{{"strings", strings},
+                       {"traces", count(summary.traces)},
+                       {"hasAngles", summary.hasAngles},
+                       {"deadTraces", count(summary.deadTraces)},
+                       {"sampleTypes", toArray(summary.sampleTypes, QString::fromStdString)},
+                       {"samples", toJson(summary.samples)},
+                       {"sampleInterval", toJson(summary.sampleInterval)},
+                       {"delay", toJson(summary.delay)},
+                       {"amplitude", toJson(summary.amplitude)},
+                       {"stackCount", toJson(summary.stackCount)},
+                       {"shotNumbers", toArray(summary.shotNumbers, toNumber)},
+                       {"channelNumbers", toArray(summary.channelNumbers, toNumber)},
+                       {"recorded", toArray(summary.times, QString::fromStdString)},
+                       {"sources", toJson(summary.sources)},
+                       {"receivers", toJson(summary.receivers)}};
+    if (summary.file.byteOrder)
+        object["byteOrder"] = *summary.file.byteOrder == ByteOrder::bigEndian ? "big" : "little";
+    return object;
 }

@@ -91,14 +91,16 @@ std::string describe(const PickSummary &summary, const std::string &units)
 
 std::string describe(const RecordSummary &summary, const std::string &units)
 {
-    const bool isBigEndian = summary.file.byteOrder == ByteOrder::bigEndian;
-    std::string text =
-        infoLine("units", units)
-        + infoLine("byte order", isBigEndian ? "big-endian" : "little-endian")
-        + infoLine("traces", std::to_string(summary.traces)
-                                 + (summary.deadTraces == 0
-                                        ? ""
-                                        : ", " + std::to_string(summary.deadTraces) + " dead"))
+    std::string text = infoLine("units", units);
+    if (summary.file.byteOrder)
+        text += infoLine("byte order", *summary.file.byteOrder == ByteOrder::bigEndian
+                                           ? "big-endian"
+                                           : "little-endian");
+    text +=
+        infoLine("traces", std::to_string(summary.traces)
+                               + (summary.deadTraces == 0
+                                      ? ""
+                                      : ", " + std::to_string(summary.deadTraces) + " dead"))
         + infoLine("samples", rangeText(summary.samples, "") + ", " + joined(summary.sampleTypes))
         + infoLine("interval", rangeText(summary.sampleInterval, "ms", milliseconds))
         + infoLine("delay", rangeText(summary.delay, "ms", milliseconds))

@@ -51,11 +51,11 @@ struct RecordTrace
 /// What a record's file says of itself.
 struct RecordFile
 {
-    std::string format = {}; ///< its name on the command line: "seg2"
-    ByteOrder byteOrder = ByteOrder::littleEndian;
-    std::string knownBy = {};   ///< how the format and the byte order were known
-    std::size_t traceCount = 0; ///< as the file says, or as follows from its size
-    double fractionRead = 0.0;  ///< of the file, from 0 to 1
+    std::string format = {};                 ///< its name on the command line: "seg2"
+    std::optional<ByteOrder> byteOrder = {}; ///< none of a text
+    std::string knownBy = {};                ///< how the format and the byte order were known
+    std::size_t traceCount = 0;              ///< as the file says, or as follows from its size
+    double fractionRead = 0.0;               ///< of the file, from 0 to 1
     std::map<std::string, std::string> strings = {}; ///< a SEG2 file's other strings, a Dolang text
 };
 

@@ -169,7 +169,7 @@ std::string missingGeometry(const RecordChecks &checks)
 {
     const bool hasOneSource = checks.sources.size() == 1;
     const bool hasOneReceiver = checks.receivers.size() == 1;
-    if (checks.traceCount == 0 || !hasOneSource || !hasOneReceiver)
+    if (checks.noLocation.traceCount > 0 || !hasOneSource || !hasOneReceiver)
         return "";
     if (*checks.sources.begin() == Location{} && *checks.receivers.begin() == Location{})
         return "no positions: every source and receiver is at 0";
@@ -204,10 +204,9 @@ std::vector<Finding> finishChecks(const RecordChecks &checks, const std::string 
     addFinding(findings, "sampleCount", checks.sampleCounts);
     addFinding(findings, "sampleInterval", checks.intervals);
     addFinding(findings, "noInterval", checks.noInterval);
+    addFinding(findings, "noGeometry", checks.noLocation);
     if (const std::string missing = missingGeometry(checks); !missing.empty())
         findings.push_back(findingOf("noGeometry", 0, missing));
-    else
-        addFinding(findings, "noGeometry", checks.noLocation);
     addFinding(findings, "angles", checks.angles);
     for (Finding &finding : findings)
         finding.place = {path};

@@ -7,6 +7,7 @@
 #include "field/samples.h"
 #include "field/seg2.h"
 #include "field/seismic_unix.h"
+#include "field/seismic_unix_header.h"
 #include "field/trace_tally.h"
 #include "traveltime/text.h"
 
@@ -57,6 +58,13 @@ void takeTrace(RecordRemarks &remarks, const RecordTrace &trace)
         });
 }
 
+/// Whether a string holds fields of a Seismic Unix header.
+bool isHeaderText(const std::string &key, const std::string &value)
+{
+    SuHeaderBytes header = {};
+    return key == "SEISMIC_UNIX" && putFields(header, value);
+}
+
 /// What Seismic Unix has no place for.
 void takeLosses(RecordRemarks &remarks, const RecordFile &file, const RecordTrace &trace)
 {
@@ -67,7 +75,7 @@ void takeLosses(RecordRemarks &remarks, const RecordFile &file, const RecordTrac
         });
     for (const auto *strings : {&file.strings, &trace.strings})
         for (const auto &[key, value] : *strings)
-            if (key != "SEISMIC_UNIX" && value != "AS_ACQUIRED")
+            if (!isHeaderText(key, value) && value != "AS_ACQUIRED")
                 remarks.strings.insert(key);
 }
 

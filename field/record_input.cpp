@@ -89,8 +89,7 @@ std::string_view fewBytesAt(RecordInput &input, std::uint64_t position, std::siz
 bool failAtDamage(const RecordInput &input, std::size_t number, const std::string &text,
                   Report &report)
 {
-    const std::string reason =
-        input.file.error() == QFileDevice::NoError ? text : input.file.errorString().toStdString();
+    const std::string reason = input.error.empty() ? text : input.error;
     const std::string rest =
         number == 1 ? "no whole trace can be read"
                     : "only the " + counted(number - 1, "whole trace") + " before it can be read";

@@ -211,7 +211,9 @@ bool readSeg2(const std::string &path, const TakeTrace &take, Report &report)
     const std::string start(bytesAt(reading.input, 0, descriptorFieldsSize));
     const auto beginning = readBeginning(start);
     if (!beginning)
-        return fail(report, "this is no SEG2: it does not begin with 55 3A or 3A 55");
+        return fail(report, start.size() < descriptorFieldsSize
+                                ? "the file ends within its first 32 bytes"
+                                : "this is no SEG2: it does not begin with 55 3A or 3A 55");
     if (!isSound(*beginning, report))
         return false;
     const std::vector<std::uint32_t> pointers = readPointers(reading.input, *beginning);

@@ -16,6 +16,8 @@ std::vector<Sample> readSamples(std::string_view bytes, std::size_t count, ByteO
 {
     static_assert(sizeof(Sample) == sizeof(Bits));
     std::vector<Sample> samples(count);
+    if (count == 0)
+        return samples; // which has no place to copy to
     if (byteOrder == ByteOrder::bigEndian)
         qFromBigEndian<Bits>(bytes.data(), static_cast<qsizetype>(count), samples.data());
     else

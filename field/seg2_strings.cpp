@@ -5,6 +5,7 @@
 
 #include "field/numbers.h"
 #include "field/record_time.h"
+#include "field/text_input.h"
 
 #include <algorithm>
 #include <array>
@@ -24,7 +25,7 @@ constexpr char kindKey[] = "TRACE_TYPE";
 constexpr char deadKind[] = "DEAD";
 constexpr std::string_view blanks = " \t\r\n";
 
-std::string_view trimmed(std::string_view text)
+std::string_view withoutBlanks(std::string_view text)
 {
     text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     return text.substr(0, text.find_last_not_of(blanks) + 1);
@@ -33,9 +34,10 @@ std::string_view trimmed(std::string_view text)
 /// A string less its end and what fills it up.
 std::string_view withoutEnd(std::string_view text, const std::string &end)
 {
+    const std::string visibleEnd = end.substr(0, end.find('\0'));
     text = text.substr(0, text.find_last_not_of('\0') + 1);
-    if (!end.empty() && end.front() != '\0' && text.ends_with(end))
-        text.remove_suffix(end.size());
+    if (text.ends_with(visibleEnd))
+        text.remove_suffix(visibleEnd.size());
     return text.substr(0, text.find('\0'));
 }
 
@@ -59,7 +61,7 @@ void addString(std::string_view text, const Seg2Ends &ends, Seg2Strings &strings
 std::optional<std::string> take(Seg2Strings &strings, const std::string &key)
 {
     const auto node = strings.extract(key);
-    const std::string value(node.empty() ? "" : trimmed(node.mapped()));
+    const std::string value(node.empty() ? "" : withoutBlanks(node.mapped()));
     return value.empty() ? std::nullopt : std::optional(value);
 }
 
@@ -103,7 +105,7 @@ std::optional<Location> takeLocation(Seg2Strings &strings, const std::string &ke
     Location location = {};
     std::size_t count = 0;
     bool isWhole = true;
-    for (std::string_view rest = *value; isWhole && !rest.empty(); rest = trimmed(rest)) {
+    for (std::string_view rest = *value; isWhole && !rest.empty(); rest = withoutBlanks(rest)) {
         const std::size_t end = std::min(rest.find_first_of(blanks), rest.size());
         const auto number = plainNumber(rest.substr(0, end));
         isWhole = number && count < location.size();
@@ -145,11 +147,11 @@ std::string notUnderstood(const Seg2Strings &strings)
 }
 
 constexpr std::array units = {
-    std::pair{"METERS", LengthUnit{1.0, 1.0}},
-    std::pair{"METRES", LengthUnit{1.0, 1.0}},
-    std::pair{"FEET", LengthUnit{381.0, 1250.0}},
-    std::pair{"INCHES", LengthUnit{127.0, 5000.0}},
-    std::pair{"CENTIMETERS", LengthUnit{1.0, 100.0}},
+    std::pair{"meters", LengthUnit{1.0, 1.0}},
+    std::pair{"metres", LengthUnit{1.0, 1.0}},
+    std::pair{"feet", LengthUnit{381.0, 1250.0}},
+    std::pair{"inches", LengthUnit{127.0, 5000.0}},
+    std::pair{"centimeters", LengthUnit{1.0, 100.0}},
 };
 
 void readUnits(Seg2Strings &strings, Seg2Common &common, Report &report)
@@ -157,7 +159,8 @@ void readUnits(Seg2Strings &strings, Seg2Common &common, Report &report)
     const auto name = take(strings, unitsKey);
     if (!name)
         return;
-    const auto unit = std::ranges::find(units, *name, &std::pair<const char *, LengthUnit>::first);
+    const auto unit = std::ranges::find_if(
+        units, [&name](const auto &candidate) { return sameWord(*name, candidate.first); });
     if (unit == units.end()) {
         strings[unitsKey] = *name;
         remark(report, RemarkKind::geometry,
@@ -222,7 +225,7 @@ std::string readTraceStrings(RecordTrace &trace, const Seg2Common &common, std::
     trace.source = takeLocation(strings, "SOURCE_LOCATION", common.unit, refusal);
     trace.receiver = takeLocation(strings, "RECEIVER_LOCATION", common.unit, refusal);
     if (const auto kind = strings.find(kindKey);
-        kind != strings.end() && trimmed(kind->second) == deadKind) {
+        kind != strings.end() && withoutBlanks(kind->second) == deadKind) {
         trace.isDead = true;
         strings.erase(kind);
     }

@@ -198,8 +198,7 @@ bool finish(SuWriting &writing, Report &report)
 std::string recogniseSeismicUnix(const std::string &start, const std::string &path)
 {
     // A header has fields that are 0, a text has none but in UTF-16.
-    const bool isText =
-        start.substr(0, headerSize).find('\0') == std::string::npos || markSize(start) > 0;
+    const bool isText = !hasZeros(start) || markSize(start) > 0;
     if (isText || !otherFormatOf(start).empty())
         return "";
     RecordInput input;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstdlib>
 #include <sstream>
 #include <type_traits>
@@ -75,24 +76,35 @@ bool isEqual(const SuHeaderBytes &a, const SuHeaderBytes &b, const SuField &fiel
     return field.size == 2 ? haveEqual(std::uint16_t{}) : haveEqual(std::uint32_t{});
 }
 
+constexpr std::string_view bitsMark = "0x"; // before a float that is no number, by its bits
+
 std::string valueOf(const SuHeaderBytes &header, const SuField &field)
 {
+    if (std::holds_alternative<float>(field.type)
+        && std::isnan(numberAt<float>(header, field.offset))) {
+        std::ostringstream bits;
+        bits << bitsMark << std::hex << numberAt<std::uint32_t>(header, field.offset);
+        return bits.str();
+    }
     return std::visit(
         [&](auto zero) { return shortest(numberAt<decltype(zero)>(header, field.offset)); },
         field.type);
 }
 
 /// False when the text is no number of the field's type.
-bool putValue(SuHeaderBytes &header, const SuField &field, const std::string &text)
+bool putValue(SuHeaderBytes &header, const SuField &field, std::string_view text)
 {
-    return std::visit(
-        [&](auto number) {
-            const char *const last = text.data() + text.size();
-            const auto [end, error] = std::from_chars(text.data(), last, number);
-            putNumber(header, field.offset, number);
-            return error == std::errc() && end == last;
-        },
-        field.type);
+    const auto put = [&](auto number, auto... base) {
+        const char *const last = text.data() + text.size();
+        const auto [end, error] = std::from_chars(text.data(), last, number, base...);
+        putNumber(header, field.offset, number);
+        return error == std::errc() && end == last;
+    };
+    if (std::holds_alternative<float>(field.type) && text.starts_with(bitsMark)) {
+        text.remove_prefix(bitsMark.size());
+        return put(std::uint32_t{}, 16);
+    }
+    return std::visit([&](auto zero) { return put(zero); }, field.type);
 }
 
 } // namespace

@@ -180,7 +180,7 @@ std::string putInterval(SuHeaderBytes &header, const RecordTrace &trace, std::si
 std::string putDelay(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number,
                      SuRoundings &roundings)
 {
-    const double milliseconds = std::round(trace.delay * 1000.0);
+    const double milliseconds = std::round(trace.delay * 1000.0) + 0.0; // no "-0"
     if (milliseconds < std::numeric_limits<std::int16_t>::min()
         || milliseconds > std::numeric_limits<std::int16_t>::max())
         return "a delay of " + shortest(trace.delay) + " s: from -32.768 s to 32.767 s would fit";
@@ -221,8 +221,9 @@ void putTime(SuHeaderBytes &header, const RecordTrace &trace, std::size_t number
 /// 0 and less, which the fields of a header may say, count as 1.
 std::string putStackCount(SuHeaderBytes &header, const RecordTrace &trace)
 {
-    if (trace.stackCount > std::numeric_limits<std::int16_t>::max())
-        return "a stack of " + std::to_string(trace.stackCount) + ": 32,767 would fit";
+    if (trace.stackCount > std::numeric_limits<std::int16_t>::max()
+        || trace.stackCount < std::numeric_limits<std::int16_t>::min())
+        return "a stack of " + std::to_string(trace.stackCount) + ": 1 to 32,767 would fit";
     if (trace.stackCount != 1 || numberAt<std::int16_t>(header, su::stackCount) > 0)
         putNumber(header, su::stackCount, static_cast<std::int16_t>(trace.stackCount));
     return "";

@@ -152,7 +152,7 @@ def topography():
 noise = random.Random(1)
 
 
-def seismogram(shot, geophone, count, interval):
+def seismogram(shot, geophone, count, interval, start=0.0):
     """Both waves as 80 Hz Ricker wavelets that begin at their arrival, with a little noise."""
     frequency = 80.0
     offset = abs(geophone - shot)
@@ -160,7 +160,7 @@ def seismogram(shot, geophone, count, interval):
     for i in range(count):
         value = 8 * noise.random() - 4
         for arrival, strength in [(direct_wave(offset), 20000), (head_wave(offset), 8000)]:
-            a = (math.pi * (frequency * (i * interval - arrival) - 1)) ** 2
+            a = (math.pi * (frequency * (start + i * interval - arrival) - 1)) ** 2
             value += strength / offset * (1 - 2 * a) * math.exp(-a)
         samples.append(round(value, 3))  # the same on machines whose exp differs in the last digit
     return samples
@@ -177,30 +177,38 @@ def listing(count, interval, positions):
         yield f"{number}    {count}      0     {interval:g}     {x:g}      0      0"
 
 
-def seg2(interval, source, traces):
-    """A SEG2 file of (receiver position, samples) pairs."""
+def seg2(revision, file_texts, traces):
+    """A SEG2 file of (texts, samples) pairs. Reserved bytes are blanks, in revision 1 zeros."""
+    reserved = b"\0" if revision else b" "
+
     def padded(block):
         return block + b" " * (-len(block) % 4)
 
-    def strings(*texts):
+    def strings(texts):
         # The length counts itself and the 0 that ends the text.
         entries = (struct.pack("<H", len(text) + 3) + text.encode() + b"\0" for text in texts)
-        return b"".join(entries) + b"\0\0"
+        return padded(b"".join(entries) + b"\0\0")
 
-    head = struct.pack("<4H6B18s", 0x3A55, 0, 4 * len(traces), len(traces),
-                       1, 0x00, 0x20, 1, 0x0A, 0x20, b" " * 18)
-    file_strings = padded(strings("TRACE_SORT AS_ACQUIRED", "UNITS METERS"))
+    head = struct.pack("<4H", 0x3A55, revision, 4 * len(traces), len(traces))
+    head += b"\1\0" + reserved + b"\1\n" + reserved + 18 * reserved
+    file_strings = strings(file_texts)
     position = len(head) + 4 * len(traces) + len(file_strings)
     pointers, blocks = b"", b""
-    for x, samples in traces:
-        trace_strings = padded(strings(
-            "DELAY 0", "DESCALING_FACTOR 1", f"RECEIVER_LOCATION {x:g} 0 0",
-            f"SAMPLE_INTERVAL {interval:g}", f"SOURCE_LOCATION {source:g} 0 0", "STACK 1"))
+    for texts, samples in traces:
+        trace_strings = strings(texts)
         data = struct.pack(f"<{len(samples)}f", *samples)
         pointers += struct.pack("<I", position + len(blocks))
-        blocks += struct.pack("<HHIIB19s", 0x4422, 32 + len(trace_strings), len(data),
-                              len(samples), 4, b" " * 19) + trace_strings + data
+        blocks += struct.pack("<HHIIB", 0x4422, 32 + len(trace_strings), len(data), len(samples), 4)
+        blocks += 19 * reserved + trace_strings + data
     return head + pointers + file_strings + blocks
+
+
+def window_seg2(interval, source, traces):
+    """What the window makes of (receiver position, samples) pairs."""
+    return seg2(0, ["TRACE_SORT AS_ACQUIRED", "UNITS METERS"], [
+        (["DELAY 0", "DESCALING_FACTOR 1", f"RECEIVER_LOCATION {x:g} 0 0",
+          f"SAMPLE_INTERVAL {interval:g}", f"SOURCE_LOCATION {source:g} 0 0", "STACK 1"], samples)
+        for x, samples in traces])
 
 
 def seismic_unix():
@@ -219,7 +227,7 @@ def seismic_unix():
         traces.append((x, samples[:-1] + [0.0]))  # the last sample of a trace is not read
     files[SAMPLES / "seismic_unix" / "line.su"] = record
     put(EXPECTED / "line_tmp", listing(count, interval / 1e6, GEOPHONES[:12]))
-    files[EXPECTED / "line.seg2"] = seg2(interval / 1e6, shot, traces)
+    files[EXPECTED / "line.seg2"] = window_seg2(interval / 1e6, shot, traces)
 
 
 def dolang():
@@ -236,12 +244,41 @@ def dolang():
             put(folder / f"LINE.{kind}{channel:02}", map(str, samples))
             traces.append((0.0, samples))  # the files hold no positions
         put(EXPECTED / f"tmp_{kind}DT", listing(count, 1 / rate, [0.0] * len(geophones)))
-        files[EXPECTED / f"LINE_{kind}DT_dolang.seg2"] = seg2(1 / rate, 0.0, traces)
+        files[EXPECTED / f"LINE_{kind}DT_dolang.seg2"] = window_seg2(1 / rate, 0.0, traces)
+
+
+def big_endian():
+    """Shot 2 with all that a header says, big-endian; and the field command's SEG2 file of it."""
+    count, interval, shot = 200, 250, SHOTS[1]  # interval in microseconds
+    record, traces = b"", []
+    for number, (x, z) in enumerate(zip(GEOPHONES[:12], ELEVATIONS), 1):
+        samples = seismogram(shot, x, count, interval / 1e6, -0.01)
+        offset = int(math.copysign(abs(x - shot) + 0.5, x - shot))  # to the nearest metre
+        header = bytearray(240)
+        struct.pack_into(">7i", header, 0, number, number, 2, number, 0, 20 + number, 0)
+        struct.pack_into(">2h", header, 28, 1, 1)  # seismic data, not stacked
+        struct.pack_into(">3i", header, 36, offset,
+                         round(100 * float(z)), round(100 * float(SHOT_ELEVATIONS[1])))
+        struct.pack_into(">2h4ih", header, 68, -100, -10, int(10 * shot), 0, int(10 * x), 0, 1)
+        struct.pack_into(">h", header, 108, -10)  # milliseconds: the first sample is before the shot
+        struct.pack_into(">HH", header, 114, count, interval)
+        struct.pack_into(">5h", header, 156, 2022, 81, 13, 58, 30)
+        record += header + struct.pack(f">{count}f", *samples)
+        traces.append(([
+            f"CHANNEL_NUMBER {number}", "DELAY -0.01", "DESCALING_FACTOR 1",
+            f"RECEIVER_LOCATION {x:g} 0 {float(z):g}", "SAMPLE_INTERVAL 0.00025",
+            f"SEISMIC_UNIX cdp {20 + number}", "SHOT_SEQUENCE_NUMBER 2",
+            f"SOURCE_LOCATION {shot:g} 0 {float(SHOT_ELEVATIONS[1]):g}", "STACK 1"], samples))
+    files[SAMPLES / "seismic_unix" / "line_big_endian.su"] = record
+    files[EXPECTED / "line_big_endian.seg2"] = seg2(
+        1, ["ACQUISITION_DATE 22/Mar/2022", "ACQUISITION_TIME 13:58:30", "TRACE_SORT AS_ACQUIRED",
+            "UNITS METERS"], traces)
 
 
 if sys.argv[1:] not in ([], ["--check"]):
     sys.exit(__doc__)
-for make in (generic, seisimager, geogiga, winsism, sgt, topography, seismic_unix, dolang):
+for make in (generic, seisimager, geogiga, winsism, sgt, topography, seismic_unix, dolang,
+             big_endian):
     make()
 for path, content in files.items():
     if not sys.argv[1:]:

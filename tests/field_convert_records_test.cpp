@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/field_command.h"
-#include "tests/support/field_seismic_unix.h"
+#include "tests/support/field_seg2.h"
 
 #include <gtest/gtest.h>
 
@@ -100,6 +100,30 @@ TEST(FieldConvertRecords, ByteOrderOfSeismicUnix)
                 << testing::PrintToString(arguments);
         }
     }
+}
+
+TEST(FieldConvertRecords, Millivolts)
+{
+    const Records records;
+    const std::vector<std::int16_t> samples = {4, -8};
+    records.write("a.dat", seg2File({}, {},
+                                    {{{"SAMPLE_INTERVAL 0.001", "DESCALING_FACTOR 0.25"},
+                                      1,
+                                      2,
+                                      sampleBytes(samples, ByteOrder::littleEndian)}}));
+    const std::map<std::size_t, std::int32_t> fields = {{0, 1},  {4, 1},  {28, 1}, {30, 1},
+                                                        {68, 1}, {70, 1}, {88, 1}, {116, 1000}};
+    EXPECT_EQ(records.run({"convert", "a.dat", "-o", "line.su", "--byte-order", "big"}),
+              (FieldRun{0, "",
+                        "a.dat: trace 1: DESCALING_FACTOR 0.25 is left out: with --millivolts the "
+                        "samples are multiplied by it\n"}));
+    EXPECT_EQ(readFile(records.path("line.su")),
+              suTrace(ByteOrder::bigEndian, fields, {4.0F, -8.0F}));
+    EXPECT_EQ(
+        records.run({"convert", "a.dat", "-o", "line.su", "--byte-order", "big", "--millivolts"}),
+        FieldRun{});
+    EXPECT_EQ(readFile(records.path("line.su")),
+              suTrace(ByteOrder::bigEndian, fields, {1.0F, -2.0F}));
 }
 
 TEST(FieldConvertRecords, SeveralIntoAFolder)

@@ -127,6 +127,34 @@ TEST(FieldInfo, RecordsInEitherByteOrder)
     }
 }
 
+TEST(FieldInfo, ATextHasNoByteOrder)
+{
+    const FieldFolder folder;
+    folder.write("LINE.ADT", "1\n\"up\"\n\"\"\n-0.01\n2\n4000\n");
+    folder.write("LINE.A01", "1\n-2.5\n");
+    EXPECT_EQ(folder.run({"info", "LINE.ADT"}),
+              (FieldRun{0,
+                        "LINE.ADT:\n"
+                        "  format       Dolang, a set of files (dolang)\n"
+                        "  known by     its name and its header\n"
+                        "  units        seconds, samples per second\n"
+                        "  traces       1\n"
+                        "  samples      2, 32-bit floats\n"
+                        "  interval     0.25 ms\n"
+                        "  delay        -10 ms\n"
+                        "  amplitudes   -2.5 to 1\n"
+                        "  shots        none\n"
+                        "  channels     1\n"
+                        "  sources      none\n"
+                        "  receivers    none\n"
+                        "  stacked      1\n",
+                        ""}));
+    const QJsonObject info = objectOf(folder.run({"info", "--json", "LINE.ADT"}));
+    const QJsonObject record = info["files"].toArray().at(0)["record"].toObject();
+    EXPECT_FALSE(record.contains("byteOrder"));
+    EXPECT_EQ(record["strings"], (QJsonObject{{"NOTE", "up"}}));
+}
+
 TEST(FieldInfo, RecordsForPrograms)
 {
     const FieldFolder folder;

@@ -3,12 +3,15 @@
 
 #include "field/generic_picks.h"
 #include "field/otte_picks.h"
+#include "field/seg2.h"
 #include "field/seisimager_picks.h"
+#include "field/seismic_unix.h"
 #include "field/sgt_picks.h"
 #include "field/shot_list.h"
 #include "field/topography.h"
 #include "field/winsism_picks.h"
 #include "tests/support/field_picks.h"
+#include "tests/support/field_records.h"
 
 #include <gtest/gtest.h>
 
@@ -73,4 +76,15 @@ TEST(FieldSamples, AreWrittenAsTheyAre)
     EXPECT_EQ(written(writeOttePicks, genericSurvey()), readFile(dataFile("generic.otte")));
     EXPECT_EQ(written(writeOttePicks, survey(readSeisImagerPicks, "seisimager/line.vs")),
               readFile(dataFile("seisimager.otte")));
+}
+
+TEST(FieldSamples, ABigEndianRecordBecomesTheExpectedSeg2AndItselfAgain)
+{
+    const std::string record = readFile(sample("seismic_unix/line_big_endian.su"));
+    const RecordConversion seg2 = convertBytes(readSeismicUnix, record, toSeg2);
+    EXPECT_TRUE(seg2.report.remarks.empty());
+    EXPECT_TRUE(seg2.output == readFile(dataFile("line_big_endian.seg2")));
+    const RecordConversion back = convertBytes(readSeg2, seg2.output, toBigSu);
+    EXPECT_TRUE(back.report.remarks.empty());
+    EXPECT_TRUE(back.output == record);
 }

@@ -55,6 +55,23 @@ TEST(Seg2Parser, FindsEveryFlaw)
     EXPECT_THROW(parseSeg2(good + ' '), std::runtime_error);
 }
 
+TEST(Seg2Parser, ReadsRevision1WithZerosForWhatIsReserved)
+{
+    std::string good = bytes("55 3A 01 00 04 00 01 00 01 00 00 01 0A 00");
+    good += std::string(18, '\0');
+    good +=
+        bytes("34 00 00 00 0E 00 'UNITS METER' 00 00 00 22 44 24 00 02 00 00 00 01 00 00 00 01");
+    good += std::string(19, '\0');
+    good += bytes("00 00 '  ' FE FF");
+    EXPECT_EQ(parseSeg2(good, 1).traces.at(0).samples, std::vector<double>{-2.0});
+    EXPECT_THROW(parseSeg2(good), std::runtime_error);
+    for (const std::size_t reserved : {10U, 13U, 14U, 31U, 65U, 83U}) {
+        std::string flawed = good;
+        flawed[reserved] = ' ';
+        EXPECT_THROW(parseSeg2(flawed, 1), std::runtime_error) << reserved;
+    }
+}
+
 TEST(Seg2Parser, FindsStringsOutOfOrder)
 {
     EXPECT_EQ(parseSeg2(emptyStart + bytes("06 00 'A 1' 00 06 00 'B 1' 00 00 00 '  '")).strings,

@@ -37,20 +37,21 @@ namespace {
 class Parser
 {
 public:
-    explicit Parser(const std::string &bytesOfFile)
+    Parser(const std::string &bytesOfFile, unsigned revisionOfFile)
         : file(bytesOfFile)
+        , revision(revisionOfFile)
     {
     }
 
     ParsedSeg2 parse()
     {
         require(take(2) == 0x3A55, "the block id of a file");
-        require(take(2) == 0, "revision 0");
+        require(take(2) == revision, "the revision expected");
         const std::uint64_t pointersSize = take(2);
         const std::size_t traceCount = take(2);
         require(pointersSize == (4 * traceCount) % 65536, "4 bytes per trace pointer");
         takeTerminators();
-        takeBlanks(18);
+        takeReserved(18);
         std::vector<std::uint64_t> pointers(traceCount);
         for (std::uint64_t &pointer : pointers)
             pointer = take(4);
@@ -93,14 +94,21 @@ private:
         require(takeText(size) == std::string(size, ' '), "blanks");
     }
 
+    void takeReserved(std::size_t size)
+    {
+        require(takeText(size) == std::string(size, filling), "nothing in what is reserved");
+    }
+
     void takeTerminators()
     {
         const std::uint64_t size = take(1);
         const std::uint64_t first = take(1);
         const std::uint64_t second = take(1);
-        require(size != 1 || second == 0x20, "a blank for the second terminator");
+        require(size != 1 || static_cast<char>(second) == filling,
+                "nothing for the second terminator");
         terminator = static_cast<char>(size == 1 ? first : first + second);
-        require(takeText(3) == "\x01\n ", "a line feed for the line terminator");
+        require(takeText(3) == std::string("\x01\n") + filling,
+                "a line feed for the line terminator");
     }
 
     std::vector<std::string> takeStrings()
@@ -131,7 +139,7 @@ private:
         const std::uint64_t dataSize = take(4);
         trace.sampleCount = static_cast<std::uint32_t>(take(4));
         trace.formatCode = static_cast<std::uint8_t>(take(1));
-        takeBlanks(19);
+        takeReserved(19);
         trace.strings = takeStrings();
         require(position == trace.position + descriptorSize, "the size of the descriptor block");
         const std::size_t sampleSize = sizeOfSample(trace.formatCode);
@@ -176,13 +184,15 @@ private:
     }
 
     const std::string &file;
+    unsigned revision;
+    char filling = revision == 0 ? ' ' : '\0'; ///< of what is reserved
     std::size_t position = 0;
     char terminator = '\0';
 };
 
 } // namespace
 
-ParsedSeg2 parseSeg2(const std::string &file)
+ParsedSeg2 parseSeg2(const std::string &file, unsigned revision)
 {
-    return Parser(file).parse();
+    return Parser(file, revision).parse();
 }

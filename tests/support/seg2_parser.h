@@ -34,5 +34,6 @@ struct ParsedSeg2
 /// behind the one before, every size the true one, strings in order with NOTE last, blanks up to a
 /// multiple of 4 bytes behind them, nothing behind the last trace. Throws std::runtime_error, which
 /// tells the flaw and its place, for any other. Files whose 16-bit fields are too small for what
-/// they count (65536 traces, a descriptor block of 65536 bytes) cannot be read.
-ParsedSeg2 parseSeg2(const std::string &file);
+/// they count (65536 traces, a descriptor block of 65536 bytes) cannot be read. In a file of
+/// `revision` 1 what is reserved must be zeros, in one of revision 0 blanks.
+ParsedSeg2 parseSeg2(const std::string &file, unsigned revision = 0);
