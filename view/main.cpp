@@ -5,8 +5,11 @@
 #include "field/arguments.h"
 #include "view/colours.h"
 #include "view/pick_plot.h"
+#include "view/record_picks.h"
+#include "view/record_plot.h"
 #include "view/saved_picture.h"
 #include "view/viewed_files.h"
+#include "view/viewer_window.h"
 
 #include <qcustomplot.h>
 
@@ -99,6 +102,46 @@ std::optional<int> parse(int argc, char *argv[], Arguments &arguments)
     return reason.empty() ? std::optional<int>() : refuseUsage(reason);
 }
 
+/// Draws the record with its picks, or else the survey.
+bool draw(QCustomPlot &plot, const ViewedFiles &files, int width, Report &report)
+{
+    constexpr int legendColumn = 150;
+    if (files.records.size() > 1)
+        return fail(report, {files.records[1].data->path},
+                    "a picture has one record: give the others pictures of their own");
+    if (files.records.empty()) {
+        PickPlotOptions options;
+        options.palette = paperPalette();
+        options.legendColumns = width / legendColumn;
+        drawPicks(plot, files.picks, files.findings, options);
+        return true;
+    }
+    const std::shared_ptr<const RecordData> &record = files.records.front().data;
+    RecordPlotOptions options;
+    options.palette = paperPalette();
+    drawRecord(plot, record, options);
+    drawRecordPicks(plot, picksOn(*record, files.picks), colourOfFindings(options.palette));
+    showWholeRecord(plot);
+    return true;
+}
+
+int savePicture(const Arguments &arguments)
+{
+    ViewedFiles files;
+    std::vector<Report> reports;
+    readFiles(arguments.request, files, reports, [](double) { return true; });
+    int status = converted;
+    for (const Report &report : reports)
+        status = std::max(status, conclude(report, false, ""));
+    if (status != converted)
+        return status;
+    QCustomPlot plot;
+    Report report;
+    if (draw(plot, files, arguments.size.width(), report))
+        savePicture(plot, arguments.request.output, arguments.size, report);
+    return conclude(report, false, "");
+}
+
 void dropMessage(QtMsgType, const QMessageLogContext &, const QString &) { }
 
 } // namespace
@@ -108,26 +151,18 @@ int main(int argc, char *argv[])
     Arguments arguments;
     if (const std::optional<int> status = parse(argc, argv, arguments))
         return *status;
-    const Request &request = arguments.request;
-    if (!request.output.empty()) {
+    if (!arguments.request.output.empty()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(dropMessage); // what Qt says of a system without a display
     }
     const QApplication application(argc, argv);
-    ViewedFiles files;
-    std::vector<Report> reports;
-    readFiles(request, files, reports, [](double) { return true; });
-    int status = converted;
-    for (const Report &report : reports)
-        status = std::max(status, conclude(report, false, ""));
-    if (status != converted)
-        return status;
-    QCustomPlot plot;
-    PickPlotOptions options;
-    options.palette = paperPalette();
-    options.legendColumns = arguments.size.width() / 150;
-    drawPicks(plot, files.picks, files.findings, options);
-    Report report;
-    savePicture(plot, request.output, arguments.size, report);
-    return conclude(report, false, "");
+    if (!arguments.request.output.empty())
+        return savePicture(arguments);
+    QStringList paths;
+    for (const std::string &path : std::exchange(arguments.request.files, {}))
+        paths += QString::fromStdString(path);
+    ViewerWindow window(arguments.request);
+    window.show();
+    window.openFiles(paths);
+    return QApplication::exec();
 }

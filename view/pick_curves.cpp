@@ -41,6 +41,11 @@ QString fileName(const std::string &path)
     return QString::fromStdString(std::filesystem::path(path).filename().string());
 }
 
+QString inFile(const Place &place)
+{
+    return fileName(place.file) + ", line " + QString::number(place.line);
+}
+
 } // namespace
 
 QPointF pointOf(const PickSurvey &picks, const PickIndex &pick, const PickAxes &axes)
@@ -88,14 +93,19 @@ QString nameOfShot(const PickSurvey &picks, std::size_t shot)
     return QString("Shot %1 at %2").arg(shot + 1).arg(inMetres(picks.survey.shots[shot].x));
 }
 
+QString describeShot(const PickSurvey &picks, std::size_t shot)
+{
+    return QString::fromStdString(counted(picks.survey.traveltimes[shot].times.size(), "pick"))
+           + '\n' + inFile(placeOf(picks.shotOrigins[shot], picks));
+}
+
 QString describePick(const PickSurvey &picks, const PickIndex &pick)
 {
-    const Place place = placeOf(picks.origins[pick.record][pick.pick], picks);
     const double seconds = picks.survey.traveltimes[pick.record].times[pick.pick];
     return QStringList{nameOfShot(picks, pick.record),
                        "Receiver at " + inMetres(receiverOf(picks, pick).x),
                        QString::fromStdString(inMilliseconds(seconds)),
-                       fileName(place.file) + ", line " + QString::number(place.line)}
+                       inFile(placeOf(picks.origins[pick.record][pick.pick], picks))}
         .join('\n');
 }
 

@@ -36,6 +36,9 @@ std::vector<QPointF> pointsOf(const Finding &finding, const PickSurvey &picks,
 /// "Shot 2 at 27.5 m".
 QString nameOfShot(const PickSurvey &picks, std::size_t shot);
 
+/// Its picks, file and line.
+QString describeShot(const PickSurvey &picks, std::size_t shot);
+
 /// Its shot, receiver, time, file and line, a line for each.
 QString describePick(const PickSurvey &picks, const PickIndex &pick);
 

@@ -3,6 +3,7 @@
 
 #include "view/record_data.h"
 
+#include "field/reciprocal_picks.h"
 #include "field/samples.h"
 
 #include <algorithm>
@@ -76,7 +77,7 @@ double distance(const Location &a, const Location &b)
 Line lineThrough(const std::vector<Location> &locations, const std::vector<TraceLocations> &traces)
 {
     const auto hasOtherY = [&](const Location &location) {
-        return std::abs(location[1] - locations.front()[1]) > 0.01;
+        return !isSamePlace({location[1], 0.0}, {locations.front()[1], 0.0});
     };
     if (std::none_of(locations.begin(), locations.end(), hasOtherY))
         return {};

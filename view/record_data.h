@@ -37,8 +37,8 @@ struct RecordShot
 
 /// A record in memory.
 ///
-/// Its positions along the line are the x of its file. Where y differs from trace to trace, they
-/// are distances along the straight line from the first receiver to the one farthest from it.
+/// Its positions along the line are the x of its file. Where y differs by more than a centimetre,
+/// they are distances along the straight line from the first receiver to the one farthest from it.
 /// Angles are left out, and so are positions if all of the record, of shots and receivers, are one:
 /// so a file looks that does not say them.
 struct RecordData

@@ -49,37 +49,50 @@ void add(SquareSum &squares, float sample)
     ++squares.count;
 }
 
-void remove(SquareSum &squares, float sample)
+SquareSum sumOf(std::span<const float> samples)
 {
-    if (std::isnan(sample))
-        return;
-    squares.sum -= double{sample} * sample;
-    --squares.count;
+    SquareSum squares;
+    for (const float sample : samples)
+        add(squares, sample);
+    return squares;
 }
 
-/// The sample divided by the root mean square. What was added and taken away again leaves rounding
-/// errors, but the sum is no less than the sample's own square.
+/// Takes away the sample that was before a window, of which the sum then is. Beside a square that
+/// was far larger, the digits of the others are lost: they are added anew.
+void leaveOut(SquareSum &squares, float sample, std::span<const float> window)
+{
+    constexpr double farLarger = 1e8;
+    if (std::isnan(sample))
+        return;
+    const double square = double{sample} * sample;
+    squares.sum -= square;
+    --squares.count;
+    if (square > farLarger * squares.sum)
+        squares = sumOf(window);
+}
+
+/// The sample divided by the root mean square.
 float divided(float sample, const SquareSum &squares)
 {
-    const double square = double{sample} * sample;
-    if (!(square > 0.0))
+    if (!(squares.sum > 0.0))
         return sample; // 0, or no number
-    const double mean = std::max(squares.sum, square) / static_cast<double>(squares.count);
-    return static_cast<float>(sample / std::sqrt(mean));
+    return static_cast<float>(sample / std::sqrt(squares.sum / static_cast<double>(squares.count)));
 }
 
 void divideByWindows(std::span<const float> samples, std::size_t half, std::size_t first,
                      std::size_t end, std::vector<float> &quotients)
 {
-    SquareSum squares;
     const std::size_t start = first - std::min(first, half);
-    for (std::size_t i = start; i < std::min(first + half, samples.size()); ++i)
-        add(squares, samples[i]);
+    SquareSum squares =
+        sumOf(samples.subspan(start, std::min(first + half, samples.size()) - start));
     for (std::size_t i = first; i < end; ++i) {
         if (i + half < samples.size())
             add(squares, samples[i + half]);
-        if (i > first && i > half)
-            remove(squares, samples[i - half - 1]);
+        if (i > first && i > half) {
+            const std::size_t left = i - half;
+            leaveOut(squares, samples[left - 1],
+                     samples.subspan(left, std::min(i + half + 1, samples.size()) - left));
+        }
         quotients.push_back(divided(samples[i], squares));
     }
 }

@@ -55,13 +55,13 @@ void addPicks(const std::vector<TracePlace> &places, const PickSurvey &picks, st
     }
 }
 
-/// A bar across the trace, which leaves the onset before it to be seen.
-QCPScatterStyle bar(const QColor &colour)
+/// A bar across the trace, which leaves the onset before it to be seen, with an edge in the colour
+/// of the paper: on filled peaks it is seen as well.
+QCPScatterStyle bar(const QColor &colour, const QColor &edge)
 {
     QPainterPath path;
-    path.moveTo(-6.0, 0.0);
-    path.lineTo(6.0, 0.0);
-    return QCPScatterStyle(path, QPen(colour, 2.5), Qt::NoBrush, 6.0);
+    path.addRect(-7.0, -2.0, 14.0, 4.0);
+    return QCPScatterStyle(path, QPen(edge, 1.0), colour, 6.0);
 }
 
 } // namespace
@@ -92,7 +92,7 @@ void drawRecordPicks(QCustomPlot &plot, const std::vector<RecordPick> &picks, co
     QCPGraph *marks = plot.addGraph();
     marks->setName("Picks");
     marks->setLineStyle(QCPGraph::lsNone);
-    marks->setScatterStyle(bar(colour));
+    marks->setScatterStyle(bar(colour, record->drawing().options.palette.color(QPalette::Base)));
     marks->setAdaptiveSampling(false);
     for (const RecordPick &pick : picks)
         if (const auto place = record->placeOf(pick.trace))

@@ -65,24 +65,34 @@ void showTitle(QCustomPlot &plot, const QString &text, const QPalette &palette)
     addTitle(plot, text, palette);
 }
 
+void setUpPlaces(QCPAxis &axis, bool isByPosition)
+{
+    axis.setLabel(isByPosition ? "Position (m)" : "Trace");
+    axis.setSubTicks(isByPosition);
+    if (isByPosition) {
+        axis.setTicker(QSharedPointer<QCPAxisTicker>::create());
+        return;
+    }
+    // There are no halves of traces.
+    const auto ticker = QSharedPointer<QCPAxisTickerFixed>::create();
+    ticker->setTickStep(1.0);
+    ticker->setScaleStrategy(QCPAxisTickerFixed::ssMultiples);
+    axis.setTicker(ticker);
+}
+
 void setUpAxes(QCustomPlot &plot, const RecordDrawing &drawing)
 {
     plot.setBackground(drawing.options.palette.color(QPalette::Base));
     plot.setLocale(QLocale::c());
     colourAxes(*plot.axisRect(), drawing.options.palette);
-    plot.xAxis->setLabel(drawing.layout.isByPosition ? "Position (m)" : "Trace");
     plot.xAxis->grid()->setVisible(false);
     plot.yAxis->setLabel(drawing.layout.isInTime ? "Time (ms)" : "Sample");
     plot.yAxis->setRangeReversed(true);
-    plot.yAxis->setNumberFormat("gb");
-    const auto ticker = QSharedPointer<QCPAxisTickerFixed>::create();
-    if (!drawing.layout.isByPosition) {
-        ticker->setTickStep(1.0); // there are no halves of traces
-        ticker->setScaleStrategy(QCPAxisTickerFixed::ssMultiples);
-        plot.xAxis->setTicker(ticker);
-    } else {
-        plot.xAxis->setTicker(QSharedPointer<QCPAxisTicker>::create());
+    for (QCPAxis *const axis : {plot.xAxis, plot.yAxis}) {
+        axis->setNumberFormat("gb");
+        axis->setNumberPrecision(9);
     }
+    setUpPlaces(*plot.xAxis, drawing.layout.isByPosition);
 }
 
 } // namespace

@@ -31,7 +31,6 @@ void readRecord(const Input &input, ViewedFiles &files, Report &report, const Go
     if (data->traces.empty())
         return;
     files.records.push_back({data, finishChecks(checks, input.path)});
-    files.paths.push_back(input.path);
 }
 
 /// Reads a file; false when it cannot be read whole.
@@ -49,7 +48,7 @@ bool readFile(const std::string &path, const Request &request, const PickOptions
     if (!readPicks(input, options, picks, report))
         return false;
     files.picks = std::move(picks);
-    files.paths.push_back(path);
+    files.pickPaths.push_back(path);
     return true;
 }
 

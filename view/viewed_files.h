@@ -22,7 +22,7 @@ struct ViewedRecord
 /// What is looked at: all picks as one survey, and records.
 struct ViewedFiles
 {
-    std::vector<std::string> paths = {}; ///< of the files that were read
+    std::vector<std::string> pickPaths = {}; ///< of the files of picks
     PickSurvey picks = {};
     std::vector<Finding> findings = {}; ///< in the picks
     std::vector<ViewedRecord> records = {};

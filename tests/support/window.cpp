@@ -120,7 +120,8 @@ QtMessageHandler passOn = nullptr;
 
 void dropPlatformRemarks(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (message != "This plugin does not support propagateSizeHints()")
+    if (message != "This plugin does not support propagateSizeHints()"
+        && message != "This plugin does not support raise()")
         passOn(type, context, message);
 }
 
