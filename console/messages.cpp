@@ -14,21 +14,10 @@
 namespace {
 
 /// One line, whatever it quotes: a file given by mistake may be binary.
-std::string shown(std::string line)
-{
-    constexpr std::size_t longest = 1000;
-    if (line.size() > longest)
-        line.replace(longest, std::string::npos, "...");
-    for (char &character : line)
-        if (static_cast<unsigned char>(character) < ' ' || character == 127)
-            character = '?';
-    return line;
-}
-
 std::string lineOf(const Place &place, const std::string &text)
 {
     const std::string line = place.line != 0 ? std::to_string(place.line) + ':' : "";
-    return shown(place.file + ':' + line + ' ' + text);
+    return inOneLine(place.file + ':' + line + ' ' + text);
 }
 
 void show(const std::string &line)
@@ -57,6 +46,17 @@ void addRemarks(const Report &report, std::vector<std::string> &lines)
 
 } // namespace
 
+std::string inOneLine(std::string text)
+{
+    constexpr std::size_t longest = 1000;
+    if (text.size() > longest)
+        text.replace(longest, std::string::npos, "...");
+    for (char &character : text)
+        if (static_cast<unsigned char>(character) < ' ' || character == 127)
+            character = '?';
+    return text;
+}
+
 bool isAccepted(const Report &report, bool isStrict)
 {
     return !report.failure && !(isStrict && !report.remarks.empty());
@@ -82,6 +82,6 @@ int conclude(const Report &report, bool isStrict, const std::string &name)
 
 int refuseUsage(const std::string &reason)
 {
-    show(shown(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help"));
+    show(inOneLine(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help"));
     return wrongUsage;
 }

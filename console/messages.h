@@ -24,5 +24,8 @@ std::vector<std::string> messagesOf(const Report &report);
 /// the line that says that `isStrict` prevented it.
 int conclude(const Report &report, bool isStrict, const std::string &name);
 
+/// `text` as one line of a terminal: a control character becomes "?", and a long text is cut.
+std::string inOneLine(std::string text);
+
 /// Shows wrong usage on the standard error stream and returns its exit status.
 int refuseUsage(const std::string &reason);

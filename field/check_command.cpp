@@ -113,7 +113,7 @@ void checkFile(Outcome &outcome, const Input &input, const PickOptions &options,
     if (!holdsPicks(input)) {
         if (input.format != nullptr)
             checkRecord(outcome, input, report);
-    } else if (readPicks(input, options, survey, report)) {
+    } else if (readPicksWithBar(input, options, survey, report)) {
         addVerdict(outcome, input, options);
     }
 }
@@ -162,9 +162,9 @@ int runCheck(const Request &request)
         std::cout << toText(outcome.object);
     } else {
         for (const Finding &finding : outcome.findings)
-            std::cout << lineOf(finding) + '\n';
+            std::cout << inOneLine(lineOf(finding)) + '\n';
         for (const std::string &line : outcome.lines)
-            std::cout << line + '\n';
+            std::cout << inOneLine(line) + '\n';
         if (!outcome.findings.empty())
             std::cout << counted(outcome.findings.size(), "finding") + '\n';
         else

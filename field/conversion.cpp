@@ -27,8 +27,8 @@ bool openInputs(const Request &request, const Format &target, std::vector<Input>
             return false;
         if (holdsPicks(input) != (target.writePicks != nullptr))
             return fail(report, {path},
-                        (holdsPicks(input) ? "picks cannot become " : "a record cannot become ")
-                            + target.name);
+                        (holdsPicks(input) ? "picks (" : "a record (") + input.format->name
+                            + ", known by " + input.knownBy + ") cannot become " + target.name);
         inputs.push_back(input);
     }
     return true;
@@ -37,7 +37,7 @@ bool openInputs(const Request &request, const Format &target, std::vector<Input>
 int convertPicks(const Request &request, const Format &target, const std::vector<Input> &inputs,
                  const Conclude &conclude, Report &report)
 {
-    const PickOptions options = pickOptionsOf(request, report);
+    PickOptions options = pickOptionsOf(request, report);
     std::vector<std::string> read = request.files;
     for (const std::string &path : {request.shotList, request.topography})
         if (!path.empty())
@@ -49,7 +49,9 @@ int convertPicks(const Request &request, const Format &target, const std::vector
         ProgressBar bar(request.output);
         PickSurvey survey;
         for (std::size_t i = 0; i < inputs.size() && !report.failure; ++i) {
-            bar.show(static_cast<double>(i) / static_cast<double>(inputs.size() + 1));
+            options.progress = [&](double fraction) {
+                bar.show((static_cast<double>(i) + fraction) / static_cast<double>(inputs.size()));
+            };
             readPicks(inputs[i], options, survey, report);
         }
         if (!report.failure && !request.topography.empty()

@@ -146,13 +146,13 @@ void appendPosition(std::string &text, double x, double elevation)
 
 } // namespace
 
-bool readCsvPicks(const std::string &path, const PickOptions & /*options*/, PickSurvey &picks,
+bool readCsvPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                   Report &report)
 {
     OpenFile file;
     std::vector<Measurement> measurements;
     PositionTable table;
-    if (!loadInput(path, file.input, report) || !readHeading(file, report)
+    if (!loadInput(path, options, file.input, report) || !readHeading(file, report)
         || !readRows(measurements, table, file, report) || !endNumbers(file.input, report))
         return false;
     if (measurements.empty())

@@ -131,6 +131,16 @@ std::string whatElseItIs(const std::string &start)
     return "this is of no format that is known here; --from FORMAT reads it all the same";
 }
 
+/// The names of the candidates but one: "generic or seisimager".
+std::string namesOf(const std::vector<FoundFormat> &candidates, const Format *but)
+{
+    std::string names;
+    for (const FoundFormat &candidate : candidates)
+        if (candidate.format != but)
+            names += (names.empty() ? "" : " or ") + candidate.format->name;
+    return names;
+}
+
 } // namespace
 
 std::span<const Format> formats()
@@ -165,27 +175,24 @@ FoundFormat findFormat(const std::string &path, const Format *from, Report &repo
     const auto fitting =
         std::find_if(candidates.begin(), candidates.end(),
                      [&](const FoundFormat &candidate) { return candidate.format == from; });
-    if (fitting != candidates.end())
-        return *fitting;
-    if (candidates.size() == 1 && (from == nullptr || candidates.front().format->isCertain)) {
-        if (from != nullptr)
+    if (fitting != candidates.end() && candidates.size() > 1)
+        return {from,
+                fitting->knownBy + ", and --from: it could also be " + namesOf(candidates, from)};
+    const std::string names = namesOf(candidates, nullptr);
+    if (candidates.size() == 1) {
+        if (from != nullptr && from != candidates.front().format)
             remark(report, RemarkKind::format, {path},
-                   "read as " + candidates.front().format->name
-                       + ", which its content says, not as " + from->name);
+                   "read as " + names + ", which its content says, not as " + from->name);
         return candidates.front();
     }
     if (from != nullptr) {
         if (!candidates.empty())
             remark(report, RemarkKind::format, {path},
-                   "read as " + from->name + ", though its content fits "
-                       + candidates.front().format->name);
+                   "read as " + from->name + ", though its content fits " + names);
         return {from, "--from"};
     }
     if (const Format *const named = formatWrittenTo(path); candidates.empty() && named != nullptr)
         return {named, "its name"}; // its reader says what is wrong with the content
-    std::string names;
-    for (const FoundFormat &candidate : candidates)
-        names += (names.empty() ? "" : " or ") + candidate.format->name;
     fail(report, {path},
          candidates.empty() ? whatElseItIs(start)
                             : "this could be " + names + ": choose with --from");

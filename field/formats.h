@@ -13,16 +13,22 @@
 /// What a format is called, how it is known by its content, and what it can do.
 struct Format
 {
-    std::string name = {};                    ///< on the command line: "seisimager"
-    std::string title = {};                   ///< for people: "SeisImager traveltimes"
-    std::string units = {};                   ///< of a file: "metres, milliseconds"
-    std::vector<std::string> extensions = {}; ///< of what is written: "vs"
-    /// Whether what recognises the format can begin no file of another one.
+    /// On the command line: "seisimager".
+    std::string name = {};
+    /// For people: "SeisImager traveltimes".
+    std::string title = {};
+    /// Of a file's numbers: "metres, milliseconds".
+    std::string units = {};
+    /// Of what is written: "vs". Empty when the format is only read.
+    std::vector<std::string> extensions = {};
+    /// Whether no file of another format can begin as `recognise` expects.
     bool isCertain = false;
-    /// How a file that begins with these bytes is known to be of the format ("TX_CURVE in its first
-    /// line"); empty when it is not. `path` is for formats of several files.
+    /// Returns how a file that begins with these bytes is known to be of the format ("TX_CURVE in
+    /// its first line"), or nothing when it is not. `path` is for formats of several files.
     std::string (*recognise)(const std::string &start, const std::string &path) = nullptr;
-    bool hasNoTimeUnit = false; ///< --times-in says it
+    /// Whether a file does not say the unit of its times, so that --times-in does.
+    bool hasNoTimeUnit = false;
+    /// What it can do; nullptr or false for what it cannot.
     ReadPicks *readPicks = nullptr;
     WritePicks *writePicks = nullptr;
     ReadRecord *readRecord = nullptr;
@@ -45,7 +51,8 @@ struct FoundFormat
     std::string knownBy = {};
 };
 
-/// Finds a file's format by its content, whatever its name. Where the content could be of several
-/// formats, or of none, `from` decides, if it is given. Fails the report, and gives no format, when
-/// the format stays unknown; remarks when the content contradicts `from`.
+/// Finds a file's format by its content, whatever its name. Content that fits one format alone is
+/// of this one; where it could be of several formats, or of none that is known, `from` decides, if
+/// it is given. Fails the report, and gives no format, when the format stays unknown; remarks when
+/// `from` is not what the content says.
 FoundFormat findFormat(const std::string &path, const Format *from, Report &report);

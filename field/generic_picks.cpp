@@ -3,6 +3,7 @@
 
 #include "field/generic_picks.h"
 
+#include "field/exact_number.h"
 #include "field/rows.h"
 #include "field/text_input.h"
 #include "traveltime/text.h"
@@ -27,6 +28,12 @@ bool nextRow(OpenFile &file, Report &report)
     return nextRow(file.style, file.receivers.empty(), file.input, report);
 }
 
+/// "x 5, elevation 100.5".
+std::string inWords(const ReceiverPosition &position)
+{
+    return "x " + exactNumber(position.x) + ", elevation " + exactNumber(position.elevation);
+}
+
 /// Reads the position of the shot from the current row, which has two fields. Where the options
 /// give it, too, it must be the same.
 bool readShotRow(OpenFile &file, Report &report)
@@ -37,7 +44,8 @@ bool readShotRow(OpenFile &file, Report &report)
         || !readNumber(input.fields[1], "the shot's elevation", shot.elevation, input, report))
         return false;
     if (file.shot && (file.shot->x != shot.x || file.shot->elevation != shot.elevation))
-        return fail(report, "the shot is not where the list of shots says");
+        return fail(report, "the shot is at " + inWords(shot) + " here, but at "
+                                + inWords(*file.shot) + " in the list of shots");
     file.shot = shot;
     file.shotPlace = report.place;
     return true;
@@ -50,9 +58,10 @@ bool readReceiver(OpenFile &file, Report &report)
         input.fields.pop_back();
     if (!requireFields(3, "a receiver's x, its elevation and its time", input, report))
         return false;
-    if (file.style.delimiter == ' ' && input.fields.size() < file.style.mostFields
-        && input.line.find("\t\t") != std::string_view::npos)
-        return fail(report, "two tabs in a row and fewer fields than elsewhere: is one missing?");
+    if (file.style.delimiter == ' ' && input.fields.size() < file.style.mostNumbers)
+        return fail(report, counted(input.fields.size(), "field") + ", where other rows have "
+                                + std::to_string(file.style.mostNumbers)
+                                + " numbers: is one missing?");
     if (input.fields.size() > 3 && file.longRow.line == 0)
         file.longRow = report.place;
     Pick &pick = file.receivers.emplace_back();
@@ -71,10 +80,6 @@ bool readRows(OpenFile &file, Report &report)
             return false;
         isThere = nextRow(file, report);
     }
-    if (!file.shot)
-        return fail(report, {report.place.file},
-                    "the shot's position is not known: list the file with --shots, in a line "
-                    "\"file;x;elevation\", or let a first row of two fields say it");
     if (!isThere)
         return fail(report, "the file ends where rows of receivers are expected");
     for (; isThere; isThere = nextRow(file, report))
@@ -97,6 +102,14 @@ bool endRows(const OpenFile &file, Report &report)
     return true;
 }
 
+bool requireShot(const OpenFile &file, Report &report)
+{
+    return file.shot
+           || fail(report, {report.place.file},
+                   "the shot's position is not known: list the file with --shots, in a line "
+                   "\"file;x;elevation\", or let a first row of two fields say it");
+}
+
 /// Where the options say that the file's shot was.
 std::optional<ReceiverPosition> listedPosition(const std::string &path, const PickOptions &options)
 {
@@ -116,13 +129,14 @@ bool readGenericPicks(const std::string &path, const PickOptions &options, PickS
                       Report &report)
 {
     OpenFile file;
-    if (!loadInput(path, file.input, report))
+    if (!loadInput(path, options, file.input, report))
         return false;
     file.style = findStyle(file.input);
     file.unit = options.timesIn.value_or(TimeUnit::seconds);
     file.shot = listedPosition(path, options);
     file.shotPlace = {path, 1};
-    if (!readRows(file, report) || !endRows(file, report) || !endNumbers(file.input, report))
+    if (!readRows(file, report) || !endRows(file, report) || !endNumbers(file.input, report)
+        || !requireShot(file, report))
         return false;
     addShot(picks, {file.shot->x, file.shot->elevation, path}, file.shotPlace, file.receivers);
     return true;

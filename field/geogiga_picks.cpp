@@ -17,9 +17,11 @@ struct OpenFile
     TimeUnit unit = TimeUnit::seconds;
     double elevation = 0.0;
     std::size_t shotCount = 0;
-    std::size_t countLine = 0; ///< of TOTAL_NUMBER_OF_SHOTS
-    std::size_t shots = 0;     ///< that were read
-    bool isPending = false;    ///< the current line is still to be read
+    std::size_t countLine = 0;    ///< of TOTAL_NUMBER_OF_SHOTS
+    std::size_t shots = 0;        ///< that were read
+    std::size_t rowCountLine = 0; ///< of the last shot's NUMBER_OF_RECEIVERS
+    std::size_t rowCount = 0;
+    bool isPending = false; ///< the current line is still to be read
 };
 
 bool isKeyword(const char *keyword, const TextInput &input)
@@ -108,26 +110,26 @@ bool readRow(std::vector<Pick> &receivers, OpenFile &file, Report &report)
 }
 
 /// Passes over the line of column headings. Where it is missing, the first row comes at once.
-bool passHeadings(std::size_t count, OpenFile &file, Report &report)
+bool passHeadings(OpenFile &file, Report &report)
 {
-    if (count == 0 && !nextContent(file.input, report))
+    if (file.rowCount == 0 && !nextContent(file.input, report))
         return true;
-    if (count > 0 && !nextContent("a line of column headings", file, report))
+    if (file.rowCount > 0 && !nextContent("a line of column headings", file, report))
         return false;
     splitAtBlanks(file.input);
     file.isPending = isRow(file.input) || isKeyword("seismic_data_file_name", file.input);
     return true;
 }
 
-/// Reads the rows of a shot, of which the current line says how many there are.
-bool readRows(std::vector<Pick> &receivers, std::size_t count, OpenFile &file, Report &report)
+/// Reads the rows of a shot.
+bool readRows(std::vector<Pick> &receivers, OpenFile &file, Report &report)
 {
-    const std::string countLine = std::to_string(report.place.line);
-    if (!passHeadings(count, file, report))
+    if (!passHeadings(file, report))
         return false;
-    while (receivers.size() < count) {
+    while (receivers.size() < file.rowCount) {
         const std::string expected = "row " + std::to_string(receivers.size() + 1) + " of the "
-                                     + counted(count, "receiver") + " of line " + countLine;
+                                     + counted(file.rowCount, "receiver") + " of line "
+                                     + std::to_string(file.rowCountLine);
         if (!nextContent(expected, file, report))
             return false;
         if (isKeyword("seismic_data_file_name", file.input))
@@ -139,24 +141,38 @@ bool readRows(std::vector<Pick> &receivers, std::size_t count, OpenFile &file, R
     return true;
 }
 
+/// Fails when the current line, which comes after the last row of a shot, is one more.
+bool requireNoRow(OpenFile &file, Report &report)
+{
+    splitAtBlanks(file.input);
+    return file.shots == 0 || file.input.fields.size() < 2 || !isRow(file.input)
+           || fail(report, "line " + std::to_string(file.rowCountLine) + " says "
+                               + counted(file.rowCount, "receiver")
+                               + ", but this line looks like another one");
+}
+
 bool readShot(OpenFile &file, PickSurvey &picks, Report &report)
 {
     TextInput &input = file.input;
     Shot shot{0.0, file.elevation, ""};
-    if (!nextKeyword("seismic_data_file_name", "SEISMIC_DATA_FILE_NAME", file, report))
+    constexpr char title[] = "SEISMIC_DATA_FILE_NAME";
+    if (!nextContent(title, file, report) || !requireNoRow(file, report))
         return false;
+    if (!takeKeyword("seismic_data_file_name", input))
+        return refuseLine(title, file, report);
     shot.name = input.line;
     if (!nextKeyword("shot_location", "SHOT_LOCATION", file, report)
         || !readNumber(input.line, "the shot's x", shot.x, input, report))
         return false;
     const Place shotPlace = report.place;
-    std::size_t count = 0;
-    std::vector<Pick> receivers;
     if (!nextKeyword("number_of_receivers", "NUMBER_OF_RECEIVERS", file, report)
-        || !readCount(input.line, "the number of receivers", count, input, report)
-        || !readRows(receivers, count, file, report))
+        || !readCount(input.line, "the number of receivers", file.rowCount, input, report))
         return false;
-    if (count == 0)
+    file.rowCountLine = report.place.line;
+    std::vector<Pick> receivers;
+    if (!readRows(receivers, file, report))
+        return false;
+    if (file.rowCount == 0)
         remark(report, RemarkKind::noReceivers,
                "shot " + std::to_string(file.shots + 1) + " has no receivers");
     addShot(picks, shot, shotPlace, receivers);
@@ -171,6 +187,8 @@ bool readRest(OpenFile &file, Report &report)
         return true;
     if (sameWord(file.input.line, "tx_curve"))
         return fail(report, "another survey begins here: put it into a file of its own");
+    if (!requireNoRow(file, report))
+        return false;
     return fail(report, "line " + std::to_string(file.countLine) + " says "
                             + counted(file.shotCount, "shot")
                             + ", but this line comes after the last one");
@@ -183,7 +201,7 @@ bool readGeogigaPicks(const std::string &path, const PickOptions &options, PickS
 {
     OpenFile file;
     file.unit = options.timesIn.value_or(TimeUnit::seconds);
-    if (!loadInput(path, file.input, report) || !readHeader(file, report))
+    if (!loadInput(path, options, file.input, report) || !readHeader(file, report))
         return false;
     while (file.shots < file.shotCount)
         if (!readShot(file, picks, report))

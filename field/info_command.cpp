@@ -24,7 +24,7 @@ struct Info
 void addPicks(const Input &input, const PickOptions &options, Info &info, Report &report)
 {
     PickSurvey survey;
-    if (!readPicks(input, options, survey, report))
+    if (!readPicksWithBar(input, options, survey, report))
         return;
     const PickSummary summary = summarise(survey);
     info.text += describe(summary, input.format->units);
@@ -53,7 +53,7 @@ void addRecord(const Input &input, Info &info, Report &report)
 Info infoOn(const std::string &path, const Request &request, const PickOptions &options,
             Report &report)
 {
-    Info info{path + ":\n", {{"file", QString::fromStdString(path)}}};
+    Info info{inOneLine(path) + ":\n", {{"file", QString::fromStdString(path)}}};
     const Input input = openInput(path, request, report);
     if (input.format == nullptr)
         return info;

@@ -4,8 +4,10 @@
 #include "field/inputs.h"
 
 #include "console/file_checks.h"
+#include "field/progress_bar.h"
 #include "field/shot_list.h"
 
+#include <algorithm>
 #include <filesystem>
 
 Input openInput(const std::string &path, const Request &request, Report &report)
@@ -28,10 +30,24 @@ bool holdsPicks(const Input &input)
 
 bool readPicks(const Input &input, const PickOptions &options, PickSurvey &survey, Report &report)
 {
+    const std::vector<std::string> &before = survey.files;
+    if (std::find(before.begin(), before.end(), input.path) != before.end()) {
+        // What there is to remark on was said when the file was read first.
+        Report again;
+        return input.format->readPicks(input.path, options, survey, again)
+               || fail(report, again.failure->place, again.failure->text);
+    }
     if (options.timesIn && !input.format->hasNoTimeUnit)
         remark(report, RemarkKind::format, {input.path},
                input.format->name + " has a unit of times: --times-in does not change it");
     return input.format->readPicks(input.path, options, survey, report);
+}
+
+bool readPicksWithBar(const Input &input, PickOptions options, PickSurvey &survey, Report &report)
+{
+    ProgressBar bar(input.path);
+    options.progress = [&](double fraction) { bar.show(fraction); };
+    return readPicks(input, options, survey, report);
 }
 
 PickOptions pickOptionsOf(const Request &request, Report &report)

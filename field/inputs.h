@@ -21,8 +21,12 @@ Input openInput(const std::string &path, const Request &request, Report &report)
 
 bool holdsPicks(const Input &input);
 
-/// Appends the picks of a file to a survey; returns whether the report has no failure.
+/// Appends the picks of a file to a survey; returns whether the report has no failure. A file that
+/// is given again is not remarked on again.
 bool readPicks(const Input &input, const PickOptions &options, PickSurvey &survey, Report &report);
+
+/// The same with a bar of progress for the file.
+bool readPicksWithBar(const Input &input, PickOptions options, PickSurvey &survey, Report &report);
 
 /// What the command line and the list of shots say of files of picks; the report fails when the
 /// list cannot be read.

@@ -117,7 +117,7 @@ bool readIndexBelow(std::size_t count, const char *name, const char *noun, std::
         return false;
     return index < count
            || fail(report, std::string(name) + " is " + std::to_string(index)
-                               + ", counted from 0, but there are " + counted(count, noun));
+                               + ", counted from 0, but the file has " + counted(count, noun));
 }
 
 /// Reads a record, the first line of which is the current one.
@@ -170,12 +170,12 @@ void writePositions(TextOutput &output, const Positions &positions)
 
 } // namespace
 
-bool readOttePicks(const std::string &path, const PickOptions & /*options*/, PickSurvey &picks,
+bool readOttePicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                    Report &report)
 {
     TextInput input;
     Header header;
-    if (!loadInput(path, input, report) || !readHeader(header, input, report))
+    if (!loadInput(path, options, input, report) || !readHeader(header, input, report))
         return false;
     if (header.shots.empty())
         remark(report, RemarkKind::noShots, "there are no shots in this file");

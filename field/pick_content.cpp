@@ -91,20 +91,23 @@ struct SeisImagerSigns
     bool hasTwoFields = false;  ///< rows that are too short for other formats
     bool hasFlags = true;       ///< no third field of a receiver can be a time
     bool areCountsTrue = false; ///< as far as the rows go
+    bool hasNoShotTimes = true; ///< a third field of a shot is 0, as pickers write it
 };
 
-/// Whether all counts fit the rows, of which that at `at` has the number of shots; `isWhole`: no
-/// rows come after these.
-bool countsFit(const std::vector<Fields> &rows, std::size_t at, bool isWhole)
+/// Looks whether all counts fit the rows, of which that at `at` has the number of shots; `isWhole`:
+/// no rows come after these.
+void followCounts(const std::vector<Fields> &rows, std::size_t at, bool isWhole,
+                  SeisImagerSigns &signs)
 {
     std::size_t shots = secondCount(rows[at++]).value_or(0);
     for (; shots > 0 && at < rows.size(); --shots) {
         const std::optional<std::size_t> receivers = secondCount(rows[at]);
         if (!receivers)
-            return false;
+            return;
+        signs.hasNoShotTimes &= rows[at].size() < 3 || numberIn(rows[at][2]) == 0.0;
         at += 1 + *receivers;
     }
-    return (at <= rows.size() && shots == 0) || !isWhole;
+    signs.areCountsTrue = (at <= rows.size() && shots == 0) || !isWhole;
 }
 
 /// Where the number of shots is: after the first line, or after comments and empty lines.
@@ -124,7 +127,7 @@ SeisImagerSigns seisImagerSigns(const std::string &start)
         return signs;
     const std::size_t counts = countRow(content);
     if (counts + 1 >= rows.size() || secondCount(rows[counts]).value_or(0) == 0
-        || secondCount(rows[counts + 1]).value_or(0) == 0)
+        || !secondCount(rows[counts + 1]))
         return signs;
     signs.hasCounts = true;
     signs.hasFirstLine = content.firstLine.starts_with("1996 0 3");
@@ -133,7 +136,7 @@ SeisImagerSigns seisImagerSigns(const std::string &start)
         signs.hasFlags &= rows[i].size() < 3 || numberIn(rows[i][2]) == 0.0
                           || countIn(rows[i][2]).value_or(10) < 10;
     }
-    signs.areCountsTrue = countsFit(rows, counts, start.size() < startSize);
+    followCounts(rows, counts, start.size() < startSize, signs);
     return signs;
 }
 
@@ -168,10 +171,10 @@ std::string recogniseCsv(const std::string &start, const std::string & /*path*/)
     std::erase(heading, '"');
     for (char &character : heading)
         character = character == ';' ? ',' : character;
-    for (const char *column : {",shot_x,", ",receiver_x,", ",time,"})
-        if ((',' + heading + ',').find(column) == std::string::npos)
-            return "";
-    return "shot_x, receiver_x and time in its heading";
+    for (const char *column : {"shot_x", "receiver_x"})
+        if ((',' + heading + ',').find(std::string(",") + column + ',') != std::string::npos)
+            return std::string(column) + " in its heading";
+    return "";
 }
 
 std::string recogniseSgt(const std::string &start, const std::string & /*path*/)
@@ -211,9 +214,9 @@ std::string recogniseSeisImager(const std::string &start, const std::string &pat
 std::string recogniseGeneric(const std::string &start, const std::string &path)
 {
     const SeisImagerSigns signs = seisImagerSigns(start);
-    const bool isSeisImager =
-        signs.hasCounts
-        && (signs.hasFirstLine || signs.hasTwoFields || (signs.areCountsTrue && signs.hasFlags));
+    const bool fitsSeisImager =
+        signs.areCountsTrue && signs.hasNoShotTimes && (signs.hasTwoFields || signs.hasFlags);
+    const bool isSeisImager = signs.hasCounts && (signs.hasFirstLine || fitsSeisImager);
     if (isSeisImager || !recogniseSgt(start, path).empty())
         return "";
     TextInput input = inputOf(start);

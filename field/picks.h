@@ -7,6 +7,7 @@
 #include "traveltime/survey.h"
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <string>
@@ -71,11 +72,13 @@ struct ShotPosition
     double elevation = 0.0;
 };
 
-/// What the user says of files that do not say it themselves.
+/// What the user says of files that do not say it themselves, and who waits for them.
 struct PickOptions
 {
     std::optional<TimeUnit> timesIn = {};         ///< generic, Geogiga; seconds otherwise
     std::vector<ShotPosition> shotPositions = {}; ///< generic
+    /// Is called now and then with the part of the file that is read, from 0 to 1.
+    std::function<void(double fraction)> progress = {};
 };
 
 // A reader of picks appends what a file holds to a survey and returns whether the report has no

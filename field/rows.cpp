@@ -36,6 +36,12 @@ bool hasBlankBetween(std::string_view line)
     return false;
 }
 
+/// Whether the field looks like a number, with a point or a comma.
+bool isNumber(std::string_view field)
+{
+    return field.find_first_not_of("0123456789.,+-eE") == std::string_view::npos;
+}
+
 /// Splits the current line.
 void splitRow(const RowStyle &style, TextInput &input)
 {
@@ -55,6 +61,7 @@ void splitRow(const RowStyle &style, TextInput &input)
 RowStyle findStyle(const TextInput &file)
 {
     TextInput input = file;
+    input.progress = {};
     Report unused;
     bool hasBlank = false;
     bool hasComma = false;
@@ -68,7 +75,8 @@ RowStyle findStyle(const TextInput &file)
         hasBlank = hasBlank || hasBlankBetween(input.line);
         hasComma = hasComma || input.line.find(',') != std::string_view::npos;
         splitAtBlanks(input);
-        style.mostFields = std::max(style.mostFields, input.fields.size());
+        const auto numbers = std::count_if(input.fields.begin(), input.fields.end(), isNumber);
+        style.mostNumbers = std::max(style.mostNumbers, static_cast<std::size_t>(numbers));
         ends += input.wholeLine.ends_with('\t') ? ' ' : input.line.back();
     }
     style.delimiter = hasSemicolon ? ';' : !hasBlank && hasComma ? ',' : ' ';

@@ -10,9 +10,9 @@
 /// How the rows of a file are written.
 struct RowStyle
 {
-    char delimiter = ' ';       ///< a blank stands for runs of blanks and tabs
-    bool endsRows = true;       ///< every row ends in a delimiter, which then means nothing
-    std::size_t mostFields = 0; ///< in a row; known where blanks and tabs separate them
+    char delimiter = ' ';        ///< a blank stands for runs of blanks and tabs
+    bool endsRows = true;        ///< every row ends in a delimiter, which then means nothing
+    std::size_t mostNumbers = 0; ///< in a row; known where blanks and tabs separate them
 };
 
 /// Finds what separates the fields of a file, of which no line was read yet: ";" if there is one,

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -27,6 +28,8 @@ struct Progress
     /// it, which shows only further down.
     Failure suspicion = {};
     bool isTrailer = false; ///< it looks like the end of the survey
+    bool hasFlags = false;  ///< receivers have third fields
+    Place withoutFlag = {}; ///< the first receiver of two fields, whose time could be a flag
 };
 
 bool isZero(std::string_view field)
@@ -34,11 +37,21 @@ bool isZero(std::string_view field)
     return wholeNumber(field) == 0.0;
 }
 
+bool isWhole(std::string_view field)
+{
+    return field.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 /// A shot's line, as pickers write it, has a whole number of receivers and then a 0.
 bool looksLikeShot(const std::vector<std::string_view> &fields)
 {
-    return fields.size() > 2 && isZero(fields[2]) && !isZero(fields[1])
-           && fields[1].find_first_not_of("0123456789") == std::string_view::npos;
+    return fields.size() > 2 && isZero(fields[2]) && !isZero(fields[1]) && isWhole(fields[1]);
+}
+
+/// A receiver's line has a time and then a flag.
+bool looksLikeReceiver(const std::vector<std::string_view> &fields)
+{
+    return fields.size() > 2 && wholeNumber(fields[1]) && !isWhole(fields[1]) && !isZero(fields[2]);
 }
 
 /// Pickers write lines of zeros after the last shot.
@@ -94,12 +107,12 @@ void suspect(const std::vector<std::string_view> &first, const TextInput &input,
                                             + (isShot ? "a shot's" : "the end of the survey")};
 }
 
-bool readReceiver(std::vector<Pick> &receivers, TextInput &input, Report &report)
+bool readReceiver(std::vector<Pick> &receivers, Progress &progress, TextInput &input,
+                  Report &report)
 {
-    // Of three fields the middle one may be empty: then the second here is the flag.
-    if (input.fields.size() == 2 && input.fields[1].size() == 1
-        && input.line.find("\t\t") != std::string_view::npos)
-        return fail(report, "two tabs in a row: where a time is missing, write -1");
+    progress.hasFlags = progress.hasFlags || input.fields.size() > 2;
+    if (input.fields.size() == 2 && input.fields[1].size() == 1 && progress.withoutFlag.line == 0)
+        progress.withoutFlag = report.place;
     Pick &pick = receivers.emplace_back();
     pick.line = lineOf(report);
     return readNumber(input.fields[0], "the receiver's x", pick.receiver.x, input, report)
@@ -109,7 +122,8 @@ bool readReceiver(std::vector<Pick> &receivers, TextInput &input, Report &report
 bool readShotLine(Shot &shot, Progress &progress, TextInput &input, Report &report)
 {
     constexpr char names[] = "the shot's x and its number of receivers";
-    progress.shotLine = progress.receivers = 0;
+    const std::size_t lineBefore = std::exchange(progress.shotLine, 0);
+    progress.receivers = 0;
     if (!nextFields(names, progress, input, report))
         return false;
     if (progress.suspicion.place.line != 0 && !looksLikeShot(input.fields))
@@ -118,6 +132,11 @@ bool readShotLine(Shot &shot, Progress &progress, TextInput &input, Report &repo
         return fail(report, "this line looks like the end of the survey after "
                                 + std::to_string(progress.shots) + " of "
                                 + counted(progress.shotCount, "shot"));
+    if (progress.shots > 0 && looksLikeReceiver(input.fields))
+        return fail(report, "shot " + std::to_string(progress.shots) + ", line "
+                                + std::to_string(lineBefore) + ", says "
+                                + counted(progress.receiverCount, "receiver")
+                                + ", but this line looks like another one");
     progress.shotLine = report.place.line;
     if (!readNumber(input.fields[0], "the shot's x", shot.x, input, report)
         || !readCount(input.fields[1], "the shot's number of receivers", progress.receiverCount,
@@ -141,7 +160,7 @@ bool readShot(std::vector<Pick> &receivers, Progress &progress, PickSurvey &pick
     std::vector<std::string_view> first;
     for (; progress.receivers < progress.receiverCount; ++progress.receivers) {
         if (!nextFields("the receiver's x and its time", progress, input, report)
-            || !readReceiver(receivers, input, report))
+            || !readReceiver(receivers, progress, input, report))
             return false;
         if (progress.receivers == 0)
             first = input.fields;
@@ -223,6 +242,14 @@ bool readRest(bool wasZero, Progress &progress, TextInput &input, Report &report
     return true;
 }
 
+/// Fails where a receiver may have a flag and no time.
+bool requireTimes(const Progress &progress, Report &report)
+{
+    return !progress.hasFlags || progress.withoutFlag.line == 0
+           || fail(report, progress.withoutFlag,
+                   "2 fields, where other receivers have 3: is the time missing? Then write -1");
+}
+
 /// The middle one of the distances between the receivers of the first shot that has some.
 double receiverSpacing(const TraveltimeSurvey &survey)
 {
@@ -234,26 +261,27 @@ double receiverSpacing(const TraveltimeSurvey &survey)
             continue;
         const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
         std::nth_element(distances.begin(), middle, distances.end());
-        return *middle;
+        return std::round(*middle * 1e9) / 1e9; // less the last bits' errors of the difference
     }
     return 0.0;
 }
 
 } // namespace
 
-bool readSeisImagerPicks(const std::string &path, const PickOptions & /*options*/,
-                         PickSurvey &picks, Report &report)
+bool readSeisImagerPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
+                         Report &report)
 {
     TextInput input;
     Progress progress;
     std::vector<Pick> receivers;
-    if (!loadInput(path, input, report) || !readHeader(progress, input, report))
+    if (!loadInput(path, options, input, report) || !readHeader(progress, input, report))
         return false;
     while (progress.shots < progress.shotCount)
         if (!readShot(receivers, progress, picks, input, report))
             return false;
     const bool wasZero = !receivers.empty() && looksLikeTrailer(input.fields);
-    return readRest(wasZero, progress, input, report) && endNumbers(input, report);
+    return readRest(wasZero, progress, input, report) && requireTimes(progress, report)
+           && endNumbers(input, report);
 }
 
 bool writeSeisImagerPicks(const std::string &path, const PickSurvey &picks, Report &report)

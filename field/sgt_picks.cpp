@@ -22,9 +22,16 @@ const BlockKind measurementKind{
     "measurement", "#s g t", {"s", "g", "t"}, {"s", "g", "t", "err"}, true};
 const BlockKind topographyKind{"topography point", "", {}, {}, true};
 
-/// Reads the positions; `indices` are those of the file's points in the table.
-bool readPositions(PositionTable &table, std::vector<std::uint32_t> &indices, Block &block,
-                   SgtInput &file, Report &report)
+/// A shot or geophone point as the file has it, in metres.
+struct Point
+{
+    double x = 0.0;
+    double y = 0.0; ///< in plan; 0 where the file has no such column
+    double elevation = 0.0;
+    std::size_t line = 0;
+};
+
+bool readPoints(std::vector<Point> &points, Block &block, SgtInput &file, Report &report)
 {
     if (!readBlock(pointKind, block, file, report) || !requireColumns(pointKind, block, report))
         return false;
@@ -35,23 +42,44 @@ bool readPositions(PositionTable &table, std::vector<std::uint32_t> &indices, Bl
     if (elevation == block.columns.size())
         return fail(report, {report.place.file, block.countLine},
                     "the columns are x and y, x and z or x, y and z, not " + block.names);
-    double firstY = 0.0;
     for (std::size_t i = 0; i < block.count; ++i) {
-        ReceiverPosition position;
-        double thisY = 0.0;
-        if (!nextRow(i, block, file, report) || !readCell(x, "x", position.x, block, file, report)
-            || !readCell(elevation, "the elevation", position.elevation, block, file, report)
-            || (isSpatial && !readCell(y, "y", thisY, block, file, report)))
+        Point &point = points.emplace_back();
+        if (!nextRow(i, block, file, report) || !readCell(x, "x", point.x, block, file, report)
+            || !readCell(elevation, "the elevation", point.elevation, block, file, report)
+            || (isSpatial && !readCell(y, "y", point.y, block, file, report)))
             return false;
-        firstY = i == 0 ? thisY : firstY;
-        if (thisY != firstY)
-            return fail(report, "y is " + exactNumber(thisY) + " here and " + exactNumber(firstY)
-                                    + " above: only points on a line along x are read");
-        indices.push_back(addPosition(table, position));
+        point.line = report.place.line;
     }
-    if (firstY != 0.0)
-        remark(report, RemarkKind::geometry, {report.place.file, block.countLine},
-               "y is " + exactNumber(firstY) + " everywhere and left out");
+    return true;
+}
+
+/// Finds the points' positions along their line, which runs along x or along y; `indices` are those
+/// of the points in the table.
+bool placeAlongLine(const std::vector<Point> &points, PositionTable &table,
+                    std::vector<std::uint32_t> &indices, const Place &place, Report &report)
+{
+    const auto firstElsewhere = [&](double Point::*coordinate) {
+        return std::find_if(points.begin(), points.end(), [&](const Point &point) {
+            return point.*coordinate != points.front().*coordinate;
+        });
+    };
+    const auto turn = firstElsewhere(&Point::y);
+    const bool isAlongX = turn == points.end();
+    if (!isAlongX && firstElsewhere(&Point::x) != points.end())
+        return fail(
+            report, {place.file, turn->line},
+            "y is " + exactNumber(turn->y) + " here and " + exactNumber(points.front().y)
+                + " in line " + std::to_string(points.front().line)
+                + ", and x differs, too: only points of a line along x or along y are read");
+    if (!isAlongX)
+        remark(report, RemarkKind::geometry, place,
+               "x is " + exactNumber(points.front().x) + " everywhere and left out: y is taken as "
+                   + "the position along the line");
+    else if (!points.empty() && points.front().y != 0.0)
+        remark(report, RemarkKind::geometry, place,
+               "y is " + exactNumber(points.front().y) + " everywhere and left out");
+    for (const Point &point : points)
+        indices.push_back(addPosition(table, {isAlongX ? point.x : point.y, point.elevation}));
     return true;
 }
 
@@ -144,7 +172,9 @@ bool readRest(const Block &measurements, SgtInput &file, Report &report)
                 return false;
     }
     return !nextRow(file, report)
-           || fail(report, "a line after the last of " + counted(block.count, "topography point"));
+           || fail(report, "line " + std::to_string(block.countLine) + " says "
+                               + counted(block.count, "topography point")
+                               + ", but this line comes after the last one");
 }
 
 /// Remarks on points that no measurement names.
@@ -222,20 +252,23 @@ NumberedPositions numberPositions(const TraveltimeSurvey &survey)
 
 } // namespace
 
-bool readSgtPicks(const std::string &path, const PickOptions & /*options*/, PickSurvey &picks,
+bool readSgtPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                   Report &report)
 {
     SgtInput file;
     PositionTable table;
     std::vector<std::uint32_t> indices;
-    Block points;
+    std::vector<Point> points;
+    Block pointBlock;
     Block block;
     std::vector<Measurement> measurements;
-    if (!loadInput(path, file.input, report) || !readPositions(table, indices, points, file, report)
+    if (!loadInput(path, options, file.input, report)
+        || !readPoints(points, pointBlock, file, report)
+        || !placeAlongLine(points, table, indices, {path, pointBlock.countLine}, report)
         || !readMeasurements(measurements, block, indices, table, file, report)
         || !readRest(block, file, report) || !endNumbers(file.input, report))
         return false;
-    remarkOnUnused(measurements, table, {path, points.countLine}, report);
+    remarkOnUnused(measurements, table, {path, pointBlock.countLine}, report);
     if (measurements.empty())
         remark(report, RemarkKind::noShots, "there are no shots in this file");
     addShots(picks, measurements, table, path);

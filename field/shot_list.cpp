@@ -19,7 +19,7 @@ bool readShotList(const std::string &path, std::vector<ShotPosition> &positions,
         splitAt(';', input);
         if (input.fields.size() != 3 || input.fields[0].empty())
             return fail(report, quoted(input.line) + " where \"file;x;elevation\" is expected");
-        ShotPosition position{(folder / input.fields[0]).string()};
+        ShotPosition position{(folder / input.fields[0]).lexically_normal().string()};
         if (!readNumber(input.fields[1], "the shot's x", position.x, input, report)
             || !readNumber(input.fields[2], "the shot's elevation", position.elevation, input,
                            report))

@@ -80,7 +80,7 @@ bool requireText(const std::string &text, Report &report)
         return true;
     const auto end = text.begin() + static_cast<std::ptrdiff_t>(zero);
     report.place.line = 1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
-    return fail(report, "this is no text: it has a byte of 0");
+    return fail(report, "this is no text: it has a byte of 0 (UTF-16 needs a byte order mark)");
 }
 
 /// Whether the comma in the number could also part thousands: one to three digits, of which the
@@ -141,6 +141,14 @@ bool loadInput(const std::string &path, TextInput &input, Report &report)
     return requireText(input.text, report);
 }
 
+bool loadInput(const std::string &path, const PickOptions &options, TextInput &input,
+               Report &report)
+{
+    const bool isLoaded = loadInput(path, input, report);
+    input.progress = options.progress;
+    return isLoaded;
+}
+
 bool nextLine(TextInput &input, Report &report)
 {
     const std::string &text = input.text;
@@ -148,7 +156,9 @@ bool nextLine(TextInput &input, Report &report)
     input.line = input.wholeLine = {};
     if (begin >= text.size())
         return false;
-    ++report.place.line;
+    constexpr std::size_t linesBetween = 4096;
+    if (++report.place.line % linesBetween == 0 && input.progress)
+        input.progress(static_cast<double>(begin) / static_cast<double>(text.size()));
     if (begin == 0 || input.lineFeed < begin)
         input.lineFeed = std::min(text.find('\n', begin), text.size());
     // The line's own end: its line feed, or a carriage return before that.

@@ -7,6 +7,7 @@
 #include "traveltime/report.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,10 +41,15 @@ struct TextInput
     std::vector<std::string_view> fields = {}; ///< of the current line, less blanks around them
     bool hasCommas = false;
     DecimalMarks marks = {};
+    std::function<void(double fraction)> progress = {}; ///< see PickOptions
 };
 
 /// Loads the file at `path`, which becomes report.place.
 bool loadInput(const std::string &path, TextInput &input, Report &report);
+
+/// The same for a file of picks.
+bool loadInput(const std::string &path, const PickOptions &options, TextInput &input,
+               Report &report);
 
 /// Goes to the next line, which ends in LF, CR LF or CR, and counts it in report.place. False at
 /// the end of the file, where the line is empty and the last line stays the place; that is no

@@ -36,7 +36,9 @@ bool readTopography(const std::string &path, Topography &topography, Report &rep
             return false;
         const auto [point, isNew] = topography.try_emplace(x, elevation);
         if (!isNew && point->second != elevation)
-            return fail(report, "another elevation at an x that is listed already");
+            return fail(report, "the elevation at x = " + exactNumber(x) + " is "
+                                    + exactNumber(elevation) + " here, but "
+                                    + exactNumber(point->second) + " above");
     }
     if (topography.empty())
         return fail(report, "there are no rows of x and elevation");

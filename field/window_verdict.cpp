@@ -13,6 +13,7 @@
 #include "readers/seisimager.h"
 #include "readers/winsism.h"
 #include "traveltime/generic_text.h"
+#include "traveltime/text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -143,6 +144,22 @@ bool isReason(const Remark &remark)
     return std::find(std::begin(reasons), std::end(reasons), remark.kind) != std::end(reasons);
 }
 
+/// Why the window reads no line of a text as it was meant; empty when it reads most of them.
+std::string reasonOfWholeText(const std::string &path, std::size_t firstLine)
+{
+    Report unused;
+    const std::string text = loadText(path, unused).text;
+    const std::size_t mark = markSize(text);
+    if (mark == 2)
+        return "this is UTF-16, of which the window reads no number: save it as UTF-8";
+    if (text.find('\n') == std::string::npos && text.find('\r') != std::string::npos)
+        return "the lines end in CR alone, so that the window takes them for one: let them end in "
+               "LF";
+    return mark != 0 && firstLine == 1 ? "the file begins with a byte order mark, which the window "
+                                         "takes for a part of the first line: save it without one"
+                                       : "";
+}
+
 /// The first of what the window does otherwise: what its reader tells comes before a difference
 /// that shows in the same line, or only further down.
 Difference firstReason(const Report &report, const Difference &shown)
@@ -185,6 +202,11 @@ std::optional<WindowVerdict> windowVerdict(const std::string &format, const std:
         return WindowVerdict{true};
     if (!shown)
         shown = Difference{windowReport.failure->place, windowReport.failure->text, false};
-    const Difference first = firstReason(windowReport, *shown);
+    Difference first = firstReason(windowReport, *shown);
+    if (const std::string reason = reasonOfWholeText(path, first.place.line); !reason.empty()) {
+        first.place.file = path;
+        first.place.line = 1;
+        first.text = reason;
+    }
     return WindowVerdict{false, first.place, first.text};
 }

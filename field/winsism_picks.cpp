@@ -133,15 +133,16 @@ bool readSections(PickSurvey &picks, TextInput &input, Report &report)
         return true;
     if (squeezed(input.line) == "shotnumber,shotelevation")
         return fail(report, "another survey begins here: put it into a file of its own");
-    return fail(report, "a line after the times of " + counted(shots.size(), "shot"));
+    return fail(report, "the file has " + counted(shots.size(), "shot")
+                            + ", but this line comes after the times of the last one");
 }
 
 } // namespace
 
-bool readWinsismPicks(const std::string &path, const PickOptions & /*options*/, PickSurvey &picks,
+bool readWinsismPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                       Report &report)
 {
     TextInput input;
-    return loadInput(path, input, report) && readSections(picks, input, report)
+    return loadInput(path, options, input, report) && readSections(picks, input, report)
            && endNumbers(input, report);
 }

@@ -194,3 +194,19 @@ TEST(FieldCheck, ShotsOfGenericFiles)
     EXPECT_EQ(survey.run({"check", "s.txt", "--shots", "none.txt"}),
               (FieldRun{1, "nothing found in what could be read\n", "none.txt: no such file\n"}));
 }
+
+TEST(FieldCheck, AFindingIsOneLineWhateverItQuotes)
+{
+    const FieldFolder folder;
+    folder.write("a\x1B.vs", "First breaks, ms\n1 1\n0 1\n5 0\n");
+    EXPECT_EQ(
+        folder.run({"check", "a\x1B.vs"}),
+        (FieldRun{0,
+                  "a?.vs:4: a time of 0 at x = 5, away from the shot at 0: no wave is that fast, "
+                  "so that it is no pick\n"
+                  "a?.vs: the window reads the same survey\n"
+                  "1 shot, 1 pick, 0 reciprocal pairs\n"
+                  "1 finding\n",
+                  ""}));
+    EXPECT_TRUE(folder.run({"info", "a\x1B.vs"}).output.starts_with("a?.vs:\n"));
+}

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/faults.h"
 #include "tests/support/field_command.h"
 
 #include <gtest/gtest.h>
@@ -101,24 +102,44 @@ TEST(FieldConvertPicks, ContentThatCouldBeTwoFormats)
                   "two.txt: this could be generic or seisimager: choose with --from");
     EXPECT_EQ(picks.otteOf({"two.txt", "--from", "seisimager"}),
               "otte\n1.0\n2\n1\n15;\n0;\n10;\n0;\n0\n0\n1;\n");
+    EXPECT_NE(picks.run({"info", "two.txt", "--from", "seisimager"})
+                  .output.find("known by     counts of shots and receivers that fit its lines, and "
+                               "--from: it could also be generic\n"),
+              std::string::npos);
     EXPECT_EQ(picks.otteOf({"two.txt", "--from", "generic", "--shots", "shots.txt"}),
               "otte\n1.0\n2\n1\n0;5;10;15;\n1;1;1;1;\n-5;\n1;\n0\n0\n100;200;300;400;\n");
 }
 
-TEST(FieldConvertPicks, ContentThatContradictsTheOption)
+TEST(FieldConvertPicks, ContentOfOneFormatHoldsAgainstTheOption)
 {
     const Picks picks;
     EXPECT_EQ(
         picks.run({"convert", "a.txt", "--from", "seisimager", "-o", "line.otte"}),
         (FieldRun{0, "", "a.txt: read as geogiga, which its content says, not as seisimager\n"}));
     EXPECT_EQ(readFile(picks.path("line.otte")), oneShot);
-    // Rows of numbers do not name their format: the option is followed.
-    picks.write("line.otte", "older");
-    const FieldRun run = picks.run({"convert", "a.vs", "--from", "geogiga", "-o", "line.otte"});
+    EXPECT_EQ(
+        picks.run({"convert", "a.vs", "--from", "geogiga", "-o", "line.otte"}),
+        (FieldRun{0, "", "a.vs: read as seisimager, which its content says, not as geogiga\n"}));
+    EXPECT_EQ(readFile(picks.path("line.otte")), oneShot);
+}
+
+TEST(FieldConvertPicks, TheOptionDecidesOnlyForFilesThatCouldBeTwoFormats)
+{
+    const Picks picks;
+    picks.write("two.txt", "0 1 .1\n5 1 .2\n10 1 .3\n15 1 .4\n");
+    EXPECT_EQ(picks.run({"convert", "two.txt", "a.csv", "s.txt", "--from", "seisimager", "--shots",
+                         "shots.txt", "-o", "line.otte"}),
+              (FieldRun{0, "",
+                        "a.csv: read as csv, which its content says, not as seisimager\n"
+                        "s.txt: read as generic, which its content says, not as seisimager\n"}));
+    EXPECT_EQ(readFile(picks.path("line.otte")), "otte\n1.0\n2\n2\n15;\n0;\n5;10;\n0;0;\n"
+                                                 "10;0;0;\n0;0;0;\n"
+                                                 "0\n0\n1;\n1\n1\n4;7;\n1\n2\n4;7;\n");
+    // Content that could be of two formats, neither of which the option names.
+    const FieldRun run = picks.run({"convert", "two.txt", "--from", "otte", "-o", "line.otte"});
+    EXPECT_EQ(run.error, "two.txt: read as otte, though its content fits generic or seisimager\n"
+                         "two.txt:1: \"0 1 .1\" where \"otte\" is expected\n");
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.error, "a.vs: read as geogiga, though its content fits seisimager\n"
-                         "a.vs:1: \"First breaks, ms\" where TX_CURVE is expected\n");
-    EXPECT_EQ(readFile(picks.path("line.otte")), "older");
 }
 
 TEST(FieldConvertPicks, ContentThatIsNotKnown)
@@ -130,9 +151,16 @@ TEST(FieldConvertPicks, ContentThatIsNotKnown)
     expectRefused(picks, {"convert", "letter.txt", "-o", "line.otte"},
                   "letter.txt: this is of no format that is known here; --from FORMAT reads it all "
                   "the same");
+    expectRefused(picks, {"convert", "letter.txt", "--from", "geogiga", "-o", "line.otte"},
+                  "letter.txt:1: \"Dear all,\" where TX_CURVE is expected");
     expectRefused(picks, {"convert", "empty.txt", "-o", "line.otte"}, "empty.txt: no such file");
     expectRefused(picks, {"convert", "line.sgy", "-o", "line.otte"},
                   "line.sgy: this seems to be SEG-Y, which is not read");
+    // It names columns, though not all.
+    picks.write("table.csv", "shot_x,shot_elevation,rx,receiver_elevation,time\n0,0,5,0,0.004\n");
+    picks.write("shots.txt", "table.csv;0;0\n");
+    expectRefused(picks, {"convert", "table.csv", "--shots", "shots.txt", "-o", "line.otte"},
+                  "table.csv:1: the heading has no column \"receiver_x\"");
     // The reader of its extension's format says where it is damaged.
     picks.write("damaged.vs", "First breaks, ms\n1 five\n0 2\n5 4\n10 7\n");
     const FieldRun run = picks.run({"convert", "damaged.vs", "-o", "line.otte"});
@@ -202,6 +230,19 @@ TEST(FieldConvertPicks, RemarksAreShownAndStrictTakesNone)
     EXPECT_EQ(readFile(picks.path("line.otte")), "older");
 }
 
+TEST(FieldConvertPicks, AFileGivenTwiceIsRemarkedOnOnce)
+{
+    const Picks picks;
+    picks.write("b.vs", "First breaks, ms\n1 1\n0 3\n5 4\n7 -1\n10 7\n");
+    const std::string error =
+        "b.vs:5: a time of \"-1\": not picked, so the receiver is left out of "
+        "this shot\n";
+    EXPECT_EQ(picks.run({"convert", "b.vs", "b.vs", "-o", "line.otte"}), (FieldRun{0, "", error}));
+    EXPECT_EQ(readFile(picks.path("line.otte")),
+              "otte\n1.0\n2\n1\n5;10;\n0;0;\n0;0;\n0;0;\n0\n0\n4;7;\n0\n1\n4;7;\n");
+    EXPECT_EQ(picks.run({"check", "b.vs", "b.vs"}).error, error);
+}
+
 TEST(FieldConvertPicks, UnitOfTimes)
 {
     const Picks picks;
@@ -230,9 +271,17 @@ TEST(FieldConvertPicks, PicksAndRecordsDoNotMix)
     record[116] = 100;
     picks.write("line.su", record + record);
     expectRefused(picks, {"convert", "a.vs", "line.su", "-o", "line.otte"},
-                  "line.su: a record cannot become otte");
-    expectRefused(picks, {"convert", "a.vs", "-o", "line.su"}, "a.vs: picks cannot become su");
-    expectRefused(picks, {"convert", "a.vs", "-o", "line.seg2"}, "a.vs: picks cannot become seg2");
+                  "line.su: a record (su, known by the header that repeats at byte 248, "
+                  "little-endian) cannot become otte");
+    for (const std::string name : {"su", "seg2"})
+        expectRefused(
+            picks, {"convert", "a.vs", "-o", "line." + name},
+            "a.vs: picks (seisimager, known by counts of shots and receivers that fit its "
+            "lines) cannot become "
+                + name);
+    picks.write("letter.dat", "Dear all,\nplease find the picks below.\n");
+    expectRefused(picks, {"convert", "letter.dat", "-o", "line.otte"},
+                  "letter.dat: a record (seg2, known by its name) cannot become otte");
 }
 
 TEST(FieldConvertPicks, AnOutputThatCannotBeWritten)
@@ -254,15 +303,17 @@ TEST(FieldConvertPicks, AnInterruptLeavesTheOlderOutput)
 {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const Picks picks;
-        // Nobody writes the topography, so the command waits with its output begun.
+        // Nothing comes from the topography, so the command waits while it makes its output.
         ASSERT_EQ(mkfifo(picks.path("ground.txt").c_str(), 0600), 0);
         const std::vector<std::string> before = picks.names();
         QProcess process;
         picks.start(process, {"convert", "a.vs", "--topography", "ground.txt", "-o", "line.otte"});
-        ASSERT_TRUE(waitUntil([&] { return picks.names().size() > before.size(); }));
+        const int pipe = openReadPipe(picks.path("ground.txt"));
+        ASSERT_GE(pipe, 0);
         EXPECT_EQ(readFile(picks.path("line.otte")), "older");
         sendSignal(process, signal);
         EXPECT_EQ(finish(process), (FieldRun{-signal, "", ""}));
+        close(pipe);
         EXPECT_EQ(picks.names(), before);
         EXPECT_EQ(readFile(picks.path("line.otte")), "older");
     }

@@ -225,9 +225,11 @@ TEST(FieldConvertRecords, RecordsAndPicksDoNotMix)
     const Records records;
     records.write("a.vs", "First breaks, ms\n1 1\n0 2\n5 4\n10 7\n");
     expectRefused(records, {"convert", "a.su", "a.vs", "--to", "seg2", "-o", "out"},
-                  "a.vs: picks cannot become seg2");
+                  "a.vs: picks (seisimager, known by counts of shots and receivers that fit its "
+                  "lines) cannot become seg2");
     expectRefused(records, {"convert", "a.su", "-o", "line.sgt"},
-                  "a.su: a record cannot become sgt");
+                  "a.su: a record (su, known by the header that repeats at byte 248, big-endian) "
+                  "cannot become sgt");
 }
 
 TEST(FieldConvertRecords, AnOutputThatCannotBeWritten)

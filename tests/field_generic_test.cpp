@@ -54,9 +54,13 @@ TEST(FieldGeneric, TakesTheShotFromAListOfShots)
 TEST(FieldGeneric, TheListAndTheFirstRowMustAgree)
 {
     EXPECT_EQ(described(readListed("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n").picks), description);
-    for (const char *row : {"-2;100", "-2.5;101"})
-        EXPECT_EQ(readListed(row + std::string("\n0;100.5;0.0125\n")).failure,
-                  "1: the shot is not where the list of shots says");
+    EXPECT_EQ(
+        readListed("-2;100\n0;100.5;0.0125\n").failure,
+        "1: the shot is at x -2, elevation 100 here, but at x -2.5, elevation 100 in the list "
+        "of shots");
+    EXPECT_EQ(readListed("-2.5;101\n0;100.5;0.0125\n").failure,
+              "1: the shot is at x -2.5, elevation 101 here, but at x -2.5, elevation 100 in the "
+              "list of shots");
 }
 
 TEST(FieldGeneric, AShotThatIsNowhereIsRefused)
@@ -148,8 +152,19 @@ TEST(FieldGeneric, ATabAtTheEndMayStandBeforeATimeThatIsMissing)
               description);
     EXPECT_EQ(read("-2.5\t100\n0\t100.5\t0.0125\n3\t100\n").failure,
               "3: 2 fields: a receiver's x, its elevation and its time expected");
-    EXPECT_EQ(read("-2.5\t100\n0\t100.5\t0.0125\t1\n3\t\t0.025\t1\n").failure,
-              "3: two tabs in a row and fewer fields than elsewhere: is one missing?");
+}
+
+TEST(FieldGeneric, AFieldThatMayBeMissingBetweenBlanksIsRefused)
+{
+    for (const char *rows :
+         {"0\t100.5\t0.0125\t1\n3\t\t0.025\t1\n", "0  100.5  0.0125 1\n3         0.025  1\n"})
+        EXPECT_EQ(read("-2.5 100\n" + std::string(rows)).failure,
+                  "3: 3 fields, where other rows have 4 numbers: is one missing?");
+    EXPECT_EQ(read("-2,5 100\n0  100,5  0,0125 1\n3         0,025  1\n").failure,
+              "3: 3 fields, where other rows have 4 numbers: is one missing?");
+    // A note in some rows is no number.
+    EXPECT_EQ(described(read("-2.5 100\n0 100.5 0.0125 clear first break\n5 101 0.025\n").picks),
+              description);
 }
 
 TEST(FieldGeneric, DecimalCommasAreReadWhereTheyCanMeanNothingElse)
@@ -172,6 +187,10 @@ TEST(FieldGeneric, DecimalCommasAreReadWhereTheyCanMeanNothingElse)
 TEST(FieldGeneric, DecimalCommasBetweenCommasAreRefused)
 {
     EXPECT_EQ(read("1,2\n0,100,5,0,0125\n").failure,
+              "2: more than three fields and no decimal point: if these are decimal commas, put "
+              "\";\" between the fields");
+    // The first row could be that of the shot, too.
+    EXPECT_EQ(read("1,5,100\n0,5,100,5,0,0125\n").failure,
               "2: more than three fields and no decimal point: if these are decimal commas, put "
               "\";\" between the fields");
     EXPECT_EQ(described(read("1,2\n0,100,12\n").picks), "1,2: 0,100=12; ");

@@ -196,12 +196,14 @@ TEST(FieldGeogiga, CountsThatDoNotFitAreRefused)
                   "14: \"SEISMIC_DATA_FILE_NAME:\" where row 4 of the 4 receivers of line 9 is "
                   "expected"},
              {with("RECEIVERS: 3", "RECEIVERS: 2"),
-              "13: \"3 10 0.0187 1\" where SEISMIC_DATA_FILE_NAME is expected"},
+              "13: line 9 says 2 receivers, but this line looks like another one"},
              {with("RECEIVERS: 2", "RECEIVERS: 3"),
               "19: the file ends after 1 of 2 shots, where row 3 of the 3 receivers of line 16 is "
               "expected"},
              {with("RECEIVERS: 2", "RECEIVERS: 1"),
-              "19: line 6 says 2 shots, but this line comes after the last one"},
+              "19: line 16 says 1 receiver, but this line looks like another one"},
+             {survey + std::string("the end\n"),
+              "20: line 6 says 2 shots, but this line comes after the last one"},
              {with("SHOTS:2", "SHOTS:3"),
               "19: the file ends after 2 of 3 shots, where SEISMIC_DATA_FILE_NAME is expected"},
              {with("SHOTS:2", "SHOTS:1"),

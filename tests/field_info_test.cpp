@@ -51,7 +51,7 @@ TEST(FieldInfo, Picks)
               (FieldRun{0,
                         "line.csv:\n"
                         "  format       table with a heading (csv)\n"
-                        "  known by     shot_x, receiver_x and time in its heading\n"
+                        "  known by     shot_x in its heading\n"
                         "  units        metres, seconds\n"
                         "  shots        2, x -2.5 to 7 m, elevation 100 to 101 m\n"
                         "  receivers    2, x 0 to 5 m, elevation 100 to 101.5 m\n"
@@ -82,7 +82,7 @@ TEST(FieldInfo, PicksForPrograms)
                                {"error", range(0.001, 0.001)}};
     const QJsonObject file = {{"file", "line.csv"},
                               {"format", "csv"},
-                              {"knownBy", "shot_x, receiver_x and time in its heading"},
+                              {"knownBy", "shot_x in its heading"},
                               {"units", "metres, seconds"},
                               {"picks", picks},
                               {"remarks", QJsonArray()},

@@ -197,6 +197,31 @@ TEST(PickChecks, DeparturesUpToFiveMillisecondsAreNone)
                       "another wave or another receiver picked?"});
 }
 
+TEST(PickChecks, DeparturesUpTo30PercentOfTheLargerTimeAreNone)
+{
+    const auto findings = [](double before, double pick, double after) {
+        PickSurvey picks;
+        addShot(picks, 1, 0, {{10, before}, {20, pick}, {30, after}});
+        return findingsIn(picks).size();
+    };
+    // 70 ms on the line; then 100 ms on it.
+    EXPECT_EQ(findings(40, 100, 100), 0U);
+    EXPECT_EQ(findings(40, 100.1, 100), 1U);
+    EXPECT_EQ(findings(80, 70, 120), 0U);
+    EXPECT_EQ(findings(80, 69.9, 120), 1U);
+}
+
+TEST(PickChecks, ATrueBreakIsNamedWhereItIsNearTheShot)
+{
+    // 200 m/s on 2000 m/s, receivers 5 m apart, of which one stands at the break.
+    PickSurvey picks;
+    addShot(picks, 1, 0, {{1.5, 7.5}, {6.5, 32.5}, {11.5, 35}});
+    EXPECT_EQ(findingsIn(picks).size(), 1U); // 21.25 ms on the line: 11.25 is more than 9.75
+    picks = {};
+    addShot(picks, 1, 0, {{4, 20}, {9, 45}, {14, 47.5}});
+    EXPECT_EQ(findingsIn(picks), Remarks{}); // 33.75 ms on the line: 11.25 is less than 13.5
+}
+
 TEST(PickChecks, UnitsThatCannotBe)
 {
     const auto unitsOf = [](double metres, double milliseconds) {

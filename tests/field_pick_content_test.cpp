@@ -61,10 +61,13 @@ TEST(FieldPickContent, FormatsThatNameThemselves)
     });
     expectClaims({
         {"", ""},
+        // Columns are missing; as it names some, it is no generic text.
+        {"shot_x,shot_elevation,rx,receiver_elevation,time\n-2.5,100,0,100,0.01\n", "csv generic"},
+        {"sx;receiver_x;time\n-2.5;0;0.01\n", "csv generic"},
         {"TX CURVE\n", ""},
+        {"shot_x1,old_receiver_x\n", ""},
         {"Shot number, Shot distance\n", ""},
         {"otte 1\n", ""},
-        {"shot_x,receiver_x\n1,2\n", ""},
         {"Dear all, please find the picks below.\n", ""},
         {std::string("\x3A\x55\0\1\0\2", 6), ""},
     });
@@ -106,6 +109,8 @@ TEST(FieldPickContent, SeisImager)
          "0 0 \n 0 \n 0 0 \n",
          "seisimager"},
         {"\t1996 0 3.000000\r\n  0\t1  4.0\r\n\r\n -5 1 0\r\n 0\t5.1\t1\r\n", "seisimager"},
+        // The first shot has no receivers.
+        {"First breaks, ms\n2 2 5\n-5 0 0\n20 2 0\n0 5.1 1\n10 6.1 1\n", "seisimager"},
         // A row is missing.
         {"First breaks, ms\n1 1\n-5 3\n" + rows, "seisimager"},
         {"1996 0 3.000000\n0 2 4.0\n-5 2 0.0\n0 5.1 1\n4 6.1 1\n9 2 0.0\n0 5.1 1\n", "seisimager"},
@@ -140,11 +145,16 @@ TEST(FieldPickContent, RowsThatCouldBeTwoFormats)
 {
     // A shot of one receiver, or four receivers on a level of 1 m.
     EXPECT_EQ(claimsOf("0 1 .1\n5 1 .2\n10 1 .3\n15 1 .4\n"), "generic seisimager");
-    // The same with flags instead of times, and as pickers begin a file.
-    EXPECT_EQ(claimsOf("0 1 .1\n5 1 .2\n10 1 .3\n15 1 1\n"), "seisimager");
+    // Whole times below 10 ms could be flags.
+    EXPECT_EQ(claimsOf("0 1 5\n5 1 6\n10 1 7\n15 1 8\n"), "generic seisimager");
+    // The shot's third field is 0 and the receiver's a flag; as pickers begin a file.
+    EXPECT_EQ(claimsOf("0 1 .1\n5 1 .2\n10 1 0\n15 1 1\n"), "seisimager");
     EXPECT_EQ(claimsOf("1996 0 3.0\n5 1 .2\n10 1 .3\n15 1 .4\n"), "seisimager");
     // Counts that do not fit: a level of 5 m.
     EXPECT_EQ(claimsOf("0 5 .1\n5 5 .2\n10 5 .3\n15 5 .4\n"), "generic");
+    // A row without its time, on a level of 212 m.
+    EXPECT_EQ(claimsOf("-5 212\n0 212 .1\n5 212\n10 212 .3\n"), "generic");
+    EXPECT_EQ(claimsOf("-5 212\n0 212 .1\n5 212 .2\n10 212\n15 212 .4\n"), "generic seisimager");
     // Flags, but counts that do not fit.
     EXPECT_EQ(claimsOf("0 5 .1\n5 5 .2\n10 5 .3\n15 5 1\n"), "generic seisimager");
 }

@@ -133,7 +133,9 @@ TEST(FieldSeisImager, WhatCannotBeUnderstoodIsRefused)
               "4: \"abc\" is no number: the receiver's x expected"},
              {with("12.500000 1 ", "12.5ms 1"), "4: \"12.5ms\" is no number: a time expected"},
              {with("5.000000 25.000000 1", "5.0\t\t1"),
-              "5: two tabs in a row: where a time is missing, write -1"},
+              "5: 2 fields, where other receivers have 3: is the time missing? Then write -1"},
+             {with("0.000000 12.500000 1", "0.000000           1"),
+              "4: 2 fields, where other receivers have 3: is the time missing? Then write -1"},
              {"x\n", "1: the file ends before its number of shots"},
              {"", "the file is empty"},
          })
@@ -157,8 +159,11 @@ TEST(FieldSeisImager, CountsThatDoNotFitAreRefused)
              {with("3 0.000000\n0.000000 12", "4 0.000000\n0.000000 12"),
               "7: shot 1, line 3, says 4 receivers, but this line looks like a shot's"},
              {with("-2.500000 3", "-2.500000 2"),
-              "6: \"31.250000\" is no whole number from 0 on: the shot's number of receivers "
-              "expected"},
+              "6: shot 1, line 3, says 2 receivers, but this line looks like another one"},
+             {with("10.000000 31.250000 1 \n", "10.000000 31.250000 1 \n15 -1 1\n"),
+              "7: shot 1, line 3, says 3 receivers, but this line looks like another one"},
+             {with("12.500000 3 0", "12.500000 3.5 0"),
+              "7: \"3.5\" is no whole number from 0 on: the shot's number of receivers expected"},
              {with("0 2 5", "0 3 5"),
               "11: this line looks like the end of the survey after 2 of 3 shots"},
              {with("0 2 5", "0 1 5"),
@@ -209,6 +214,22 @@ TEST(FieldSeisImager, WritesAsPickersDo)
                                                                       " 0\n"
                                                                       " 0 0\n");
     EXPECT_EQ(remarks, Remarks{});
+}
+
+TEST(FieldSeisImager, WritesTheSpacingOfMapCoordinates)
+{
+    // 512345.69 - 512345.68 is 0.010000000009313226 in doubles.
+    PickSurvey picks;
+    addShot(picks, {512345.5, 0.0, ""}, {"line", 1},
+            {{{512345.68, 0.0}, 0.01, 2}, {{512345.69, 0.0}, 0.02, 3}});
+    EXPECT_EQ(written(writeSeisImagerPicks, picks), "1996 0 3.0\n"
+                                                    "0 1 0.01\n"
+                                                    "512345.5 2 0\n"
+                                                    "512345.68 10 1\n"
+                                                    "512345.69 20 1\n"
+                                                    "0 0\n"
+                                                    " 0\n"
+                                                    " 0 0\n");
 }
 
 TEST(FieldSeisImager, WhatIsLeftOutIsRemarkedOn)

@@ -127,6 +127,11 @@ TEST(FieldSgt, WhatIsNotReadIsRemarkedOn)
                         "#x y z\n-2.5 7 100\n0 7 100.5\n5 7 101.5\n12.5 7 101\n"))
                   .remarks,
               Remarks{"1: y is 7 everywhere and left out"});
+    const PickReading alongY = read(with("#x y\n-2.50 100\n0.00 100.5\n5.00 101.5\n12.5 101\n",
+                                         "#x y z\n3 -2.5 100\n3 0 100.5\n3 5 101.5\n3 12.5 101\n"));
+    EXPECT_EQ(alongY.remarks, Remarks{"1: x is 3 everywhere and left out: y is taken as the "
+                                      "position along the line"});
+    EXPECT_EQ(described(alongY.picks), description);
     const PickReading notPicked = read(with("0.0105", "-1"));
     EXPECT_EQ(
         notPicked.remarks,
@@ -171,8 +176,10 @@ TEST(FieldSgt, WhatCannotBeUnderstoodIsRefused)
              "10: \"2.5\" is no whole number from 0 on: g expected"},
             {with("1 3 0.0105", "1 3"), "10: 2 fields: s g t of measurement 2 of 4 expected"},
             {with("1 3 0.0105", "1 3 soon"), "10: \"soon\" is no number: a time expected"},
-            {with("#x y\n-2.50 100\n0.00 100.5\n", "#x y z\n-2.5 0 100\n0 1 100.5\n"),
-             "4: y is 1 here and 0 above: only points on a line along x are read"},
+            {with("#x y\n-2.50 100\n0.00 100.5\n5.00 101.5\n12.5 101\n",
+                  "#x y z\n-2.5 7 100\n0 7 100.5\n5 7.5 101.5\n12.5 8 101\n"),
+             "5: y is 7.5 here and 7 in line 3, and x differs, too: only points of a line along x "
+             "or along y are read"},
         })
         EXPECT_EQ(read(text).failure, failure) << text;
 }
@@ -194,7 +201,7 @@ TEST(FieldSgt, CountsThatDoNotFitAreRefused)
              {survey + std::string("2\n#x y\n-3 99\n"),
               "15: the file ends after 1 of 2 topography points"},
              {survey + std::string("1\n#x y\n-3 99\n1 2\n"),
-              "16: a line after the last of 1 topography point"},
+              "16: line 13 says 1 topography point, but this line comes after the last one"},
              {survey + std::string("1\n#x y\n-3 low\n"),
               "15: \"low\" is no number: a topography point expected"},
              {"4 # points\n#x y\n-2.5 100\n", "3: the file ends after 1 of 4 points"},

@@ -157,6 +157,23 @@ TEST(Shapes, CommentsAndEmptyLines)
     }
 }
 
+TEST(Shapes, TheReadersSayHowFarTheyAre)
+{
+    // Line 4096 begins at byte 8190, line 8192 at byte 16382.
+    std::string comments;
+    for (int i = 0; i < 8192; ++i)
+        comments += "#\n";
+    for (const Case &format : cases) {
+        const std::string text = comments + joined(format.lines, "", "\n");
+        const auto size = static_cast<double>(text.size());
+        std::vector<double> fractions;
+        PickOptions options;
+        options.progress = [&](double fraction) { fractions.push_back(fraction); };
+        EXPECT_EQ(described(readPicks(format.read, text, options).picks), format.described);
+        EXPECT_EQ(fractions, (std::vector<double>{8190.0 / size, 16382.0 / size})) << format.name;
+    }
+}
+
 TEST(Shapes, KeywordsInAnyCase)
 {
     for (const Case &format : cases) {

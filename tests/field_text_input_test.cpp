@@ -116,8 +116,10 @@ TEST(TextInput, OtherBytesStayAsTheyAre)
 
 TEST(TextInput, AFileThatIsNoTextIsRefused)
 {
-    EXPECT_EQ(linesIn("a\nb\0c\n"s), Remarks{"2: this is no text: it has a byte of 0"});
-    EXPECT_EQ(linesIn("a\0\n\0"s), Remarks{"1: this is no text: it has a byte of 0"});
+    EXPECT_EQ(linesIn("a\nb\0c\n"s),
+              Remarks{"2: this is no text: it has a byte of 0 (UTF-16 needs a byte order mark)"});
+    EXPECT_EQ(linesIn("a\0\n\0"s),
+              Remarks{"1: this is no text: it has a byte of 0 (UTF-16 needs a byte order mark)"});
     EXPECT_EQ(linesIn(""), Remarks{"the file is empty"});
 }
 

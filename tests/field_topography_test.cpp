@@ -125,7 +125,7 @@ TEST(Topography, WhatCannotBeUnderstoodIsRefused)
              {"0;100\nwest;4\n", "2: \"west\" is no number: x expected"},
              {"0;100\n4;high\n", "2: \"high\" is no number: the elevation expected"},
              {"0;100\n4;\n", "2: the elevation is missing"},
-             {"0;100\n0;101\n", "2: another elevation at an x that is listed already"},
+             {"0;100\n0;101\n", "2: the elevation at x = 0 is 101 here, but 100 above"},
              {"# nothing\n", "1: there are no rows of x and elevation"},
              {"0,5,100,2\n", "1: 4 fields: x and elevation expected"},
          })
@@ -161,6 +161,7 @@ TEST(ShotList, WhatCannotBeUnderstoodIsRefused)
              {"s.txt;west;2\n", "1: \"west\" is no number: the shot's x expected"},
              {"s.txt;1;\n", "1: the shot's elevation is missing"},
              {"s.txt;1;2\nt.txt;3;4\ns.txt;1;2\n", "3: \"s.txt\" is listed in line 1 already"},
+             {"s.txt;1;2\n./s.txt;3;4\n", "2: \"./s.txt\" is listed in line 1 already"},
              {"# nothing\n", "1: no shot is listed"},
          })
         EXPECT_EQ(listed(text), failure) << text;

@@ -97,6 +97,8 @@ TEST(WindowVerdict, SeisImager)
               "field, \"0\", is read twice, so that all others shift");
     EXPECT_EQ(verdictOn("seisimager", with("0 2.1", "0\t2.1", survey)),
               "4: the window refuses this: 1 field, 2 expected: invalid vector subscript");
+    EXPECT_EQ(verdictOn("seisimager", "\xEF\xBB\xBF" + with("0 2.1", "0\t2.1", survey)),
+              "4: the window refuses this: 1 field, 2 expected: invalid vector subscript");
     EXPECT_EQ(verdictOn("seisimager", with("5 10.5", "5 -1", survey)),
               "5: the window reads this otherwise: a time of -1 ms goes into the output like any "
               "other, also where it means \"not picked\"");
@@ -134,9 +136,8 @@ TEST(WindowVerdict, Generic)
                         "\xEF\xBB\xBF"
                         "5;101;0.025\n",
                         {}, true),
-              "1: the window reads this otherwise: \"\xEF\xBB\xBF"
-              "5\" is read as 0: it is no "
-              "plain number");
+              "1: the file begins with a byte order mark, which the window takes for a part of the "
+              "first line: save it without one");
     EXPECT_EQ(verdictOn("generic", "x;z;t\n" + rows, {}, true),
               "1: the window reads this otherwise: \"x\" is read as 0: it is no plain number");
     EXPECT_EQ(verdictOn("generic", "0 100.5 0.0125\n", {}, true),
@@ -145,4 +146,20 @@ TEST(WindowVerdict, Generic)
               "2: the window refuses this: 2 fields, 3 expected: invalid vector subscript");
     EXPECT_EQ(verdictOn("generic", rows + "\n", {}, true),
               "3: the window refuses this: 0 fields, 3 expected: invalid vector subscript");
+}
+
+TEST(WindowVerdict, TextsOfWhichTheWindowReadsNoLine)
+{
+    const std::string text = "x\r0 1\r-2.5 1\r0 2.1\r0 0\r";
+    EXPECT_EQ(
+        verdictOn("seisimager", text),
+        "1: the lines end in CR alone, so that the window takes them for one: let them end in "
+        "LF");
+    for (const bool isLowFirst : {true, false}) {
+        std::string wide = isLowFirst ? "\xFF\xFE" : "\xFE\xFF";
+        for (const char character : text)
+            wide += isLowFirst ? std::string{character, '\0'} : std::string{'\0', character};
+        EXPECT_EQ(verdictOn("seisimager", wide),
+                  "1: this is UTF-16, of which the window reads no number: save it as UTF-8");
+    }
 }
