@@ -82,6 +82,7 @@ int conclude(const Report &report, bool isStrict, const std::string &name)
 
 int refuseUsage(const std::string &reason)
 {
-    show(inOneLine(QCoreApplication::applicationName().toStdString() + ": " + reason + "; see --help"));
+    show(inOneLine(QCoreApplication::applicationName().toStdString() + ": " + reason
+                   + "; see --help"));
     return wrongUsage;
 }
