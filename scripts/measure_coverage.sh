@@ -15,7 +15,8 @@ GTEST_FILTER='-*MayNotGrow*' ctest --preset coverage --no-tests=error "$@"
 
 counts=build-coverage/counts.json
 gcovr --exclude-unreachable-branches --exclude-throw-branches --json $counts \
-    -f app/ -f batch/ -f console/ -f field/ -f readers/ -f seg2/ -f traveltime/ build-coverage
+    -f app/ -f batch/ -f console/ -f field/ -f readers/ -f seg2/ -f traveltime/ -f view/ \
+    build-coverage
 gcovr -a $counts
 gcovr -a $counts --branches
 echo "traveltime/, readers/ and seg2/ together:"

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 # SPDX-License-Identifier: MIT
 #
-# Completes command lines of both commands and compares what bash is offered.
+# Completes command lines of the commands and compares what bash is offered.
 #     completions_test.bash COMPLETIONS_FOLDER CONVERT2VELARIX_FIELD
 set -euo pipefail
 
@@ -11,7 +11,7 @@ field=$2
 failures=0
 
 # shellcheck source=/dev/null
-for command in convert2velarix-batch convert2velarix-field; do
+for command in convert2velarix-batch convert2velarix-field convert2velarix-view; do
     source "$folder/$command"
 done
 
@@ -31,7 +31,7 @@ expect()
 }
 
 # Where nothing is offered, bash offers files.
-for command in convert2velarix-batch convert2velarix-field; do
+for command in convert2velarix-batch convert2velarix-field convert2velarix-view; do
     case $(complete -p "$command") in
         'complete -o default -F '*" $command") ;;
         *) echo "$command: files are not offered" && failures=$((failures + 1)) ;;
@@ -83,6 +83,18 @@ expect '--echo --strict' convert2velarix-batch su a.su -
 expect '--echo --strict' convert2velarix-batch dolang -
 for option in -o --output --shot --shots =; do
     expect '' convert2velarix-batch generic "$option" ''
+done
+
+expect '' convert2velarix-view ''
+expect '' convert2velarix-view a.v
+expect '--output --size --from --times-in --shots --topography --help --version' \
+    convert2velarix-view a.vs -
+expect '--size --shots' convert2velarix-view --s
+expect "$field_formats" convert2velarix-view a.vs --from ''
+expect 'csv' convert2velarix-view --from = c
+expect 's ms' convert2velarix-view --times-in ''
+for option in -o --output --shots --topography; do
+    expect '' convert2velarix-view "$option" i
 done
 
 # What is offered is what the command knows.

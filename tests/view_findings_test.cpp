@@ -27,8 +27,8 @@ private slots:
         QCOMPARE(pointsOf(picks(), "Chosen finding"), QStringList());
         clickFinding(0);
         QCOMPARE(pointsOf(picks(), "Chosen finding"), QStringList("0,26 10,20"));
-        // 12 % of 10 m and 15 % of 26 ms around both.
-        QCOMPARE(inView(picks()), QString("-1.2,11.2 16.1,29.9"));
+        // 12 % of 10 m around both, and 15 % of 26 ms around the shots' picks there.
+        QCOMPARE(inView(picks()), QString("-1.2,11.2 6.1,29.9"));
         int lines = 0;
         for (int i = 0; i < picks().itemCount(); ++i)
             lines += qobject_cast<QCPItemLine *>(picks().item(i)) != nullptr ? 1 : 0;

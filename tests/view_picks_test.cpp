@@ -228,6 +228,21 @@ private slots:
         QCOMPARE(pointsOf(*plot, "Finding"), QStringList("10,0"));
     }
 
+    void neighboursOfAFindingAreInView()
+    {
+        PickSurvey picks;
+        addShot(picks, 1, 0, {{10, 20}, {20, 30}, {30, 90}, {40, 50}, {100, 100}});
+        addShot(picks, 2, 35, {{31, 4}});
+        Finding outlier;
+        outlier.kind = "outlier";
+        outlier.picks = {{0, 2}};
+        drawPicks(*plot, picks, {}, onPaper());
+        showFinding(*plot, picks, outlier, onPaper());
+        const QCPAxisRect &times = *axesNamed(*plot, "times");
+        QCOMPARE(rangeOf(*times.axis(QCPAxis::atBottom)), QString("18,42"));
+        QCOMPARE(rangeOf(*times.axis(QCPAxis::atLeft)), QString("15,105"));
+    }
+
     void findingIsBroughtIntoView()
     {
         PickSurvey picks;

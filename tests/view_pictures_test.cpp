@@ -3,10 +3,13 @@
 
 #include "tests/support/batch_command.h"
 
+#include "tests/support/field_seismic_unix.h"
+
 #include <QImage>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <regex>
 
 namespace {
 
@@ -191,4 +194,41 @@ TEST(ViewPictures, Help)
           "-o, --output <PICTURE>", "--size <WxH>", "--shots <file>"})
         EXPECT_NE(run.output.find(part), std::string::npos) << part;
     EXPECT_EQ(pictures.draw({"--version"}), (BatchRun{0, "convert2velarix-view 1.0.0\n", ""}));
+}
+
+TEST(ViewPictures, ManPageDescribesEveryOption)
+{
+    const Pictures pictures;
+    const std::string help = pictures.draw({"--help"}).output;
+    const std::string page = std::regex_replace(readFile(VIEW_MAN_PAGE), std::regex("\\\\-"), "-");
+    std::size_t options = 0;
+    const std::regex option("^  (-[a-z], )?(--[-a-z]+)", std::regex::multiline);
+    for (std::sregex_iterator match(help.begin(), help.end(), option), end; match != end; ++match) {
+        EXPECT_NE(page.find(match->str(2)), std::string::npos) << match->str(2);
+        ++options;
+    }
+    EXPECT_EQ(options, 8u) << help;
+}
+
+TEST(ViewPictures, RecordIsDrawnWithItsPicks)
+{
+    const Pictures pictures;
+    std::string record;
+    for (int trace = 0; trace < 3; ++trace)
+        record += suTrace(ByteOrder::bigEndian,
+                          {{0, trace + 1}, {72, 7}, {80, 5 * trace}, {70, 1}, {88, 1}, {116, 1000}},
+                          {0, 1, -1, 0});
+    pictures.write("line.su", record);
+    EXPECT_EQ(pictures.draw({"line.su", "line.vs", "-o", "line.svg"}), BatchRun{});
+    const std::string picture = readFile(pictures.path("line.svg"));
+    for (const char *part : {"3 traces</title>", ">Trace<", ">Time (ms)<", "#c80082"})
+        EXPECT_NE(picture.find(part), std::string::npos) << part;
+    EXPECT_EQ(pictures.draw({"line.su", "-o", "alone.svg"}), BatchRun{});
+    EXPECT_EQ(readFile(pictures.path("alone.svg")).find("#c80082"), std::string::npos);
+
+    pictures.write("other.su", record);
+    EXPECT_EQ(pictures.draw({"line.su", "other.su", "-o", "two.svg"}),
+              (BatchRun{1, "",
+                        "other.su: a picture has one record: give the others pictures of their "
+                        "own\n"}));
 }

@@ -318,7 +318,21 @@ private slots:
     {
         plot->setLocale(QLocale("de_DE"));
         draw(recordOf({drawnTrace({1.0F, 2.0F})}), {});
-        QCOMPARE(plot->locale().decimalPoint(), ".");
+        plot->yAxis->setRange(0.1, 0.3);
+        plot->replot();
+        QVERIFY(plot->yAxis->tickVectorLabels().contains("0.15"));
+    }
+
+    void ticksAreWholeTracesOrPlacesToTheCentimetre()
+    {
+        RecordPlotOptions options;
+        draw(recordOf({drawnTraceAt(180081.25, peakAndTrough())}), options);
+        QCOMPARE(plot->xAxis->tickVectorLabels().join(' ').trimmed(), "1");
+        options.spacing = TraceSpacing::byPosition;
+        draw(recordOf({drawnTraceAt(180081.25, peakAndTrough())}), options);
+        plot->xAxis->setRange(180081.21, 180081.27);
+        plot->replot();
+        QVERIFY(plot->xAxis->tickVectorLabels().contains("180081.24"));
     }
 
 private:

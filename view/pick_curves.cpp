@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <set>
 
 namespace {
 
@@ -29,6 +28,17 @@ QPointF pointAt(double x, double seconds, double shotX, const PickAxes &axes)
     const double reduction =
         axes.reductionVelocity ? std::abs(offset) / *axes.reductionVelocity : 0.0;
     return {axes.isByOffset ? offset : x, (seconds - reduction) * 1000.0};
+}
+
+/// The receivers that a finding of one that was not picked is about.
+std::vector<NotPicked> notPickedOf(const Finding &finding, const PickSurvey &picks)
+{
+    std::vector<NotPicked> receivers;
+    if (finding.kind == "negativeTime")
+        for (const NotPicked &receiver : picks.notPicked)
+            if (placeOf(receiver.origin, picks) == finding.place)
+                receivers.push_back(receiver);
+    return receivers;
 }
 
 QString inMetres(double metres)
@@ -78,14 +88,21 @@ std::vector<QPointF> pointsOf(const Finding &finding, const PickSurvey &picks, c
     std::vector<QPointF> points;
     for (const PickIndex &pick : finding.picks)
         points.push_back(pointOf(picks, pick, axes));
-    if (finding.kind != "negativeTime")
-        return points;
-    for (const NotPicked &receiver : picks.notPicked)
-        if (placeOf(receiver.origin, picks) == finding.place)
-            points.push_back(pointAt(receiver.receiver.x, 0.0,
-                                     picks.survey.traveltimes[receiver.record].shotX,
-                                     {axes.isByOffset}));
+    for (const NotPicked &receiver : notPickedOf(finding, picks))
+        points.push_back(pointAt(receiver.receiver.x, 0.0,
+                                 picks.survey.traveltimes[receiver.record].shotX,
+                                 {axes.isByOffset}));
     return points;
+}
+
+std::set<std::size_t> shotsOf(const Finding &finding, const PickSurvey &picks)
+{
+    std::set<std::size_t> shots;
+    for (const PickIndex &pick : finding.picks)
+        shots.insert(pick.record);
+    for (const NotPicked &receiver : notPickedOf(finding, picks))
+        shots.insert(receiver.record);
+    return shots;
 }
 
 QString nameOfShot(const PickSurvey &picks, std::size_t shot)

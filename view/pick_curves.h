@@ -9,7 +9,9 @@
 #include <QPointF>
 #include <QString>
 
+#include <cstddef>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,9 @@ std::vector<std::vector<QPointF>> curvesOf(const PickSurvey &picks, std::size_t 
 /// Where a finding is drawn: its picks, or the receiver that was not picked, at a time of 0.
 std::vector<QPointF> pointsOf(const Finding &finding, const PickSurvey &picks,
                               const PickAxes &axes);
+
+/// The shots that these picks, or the receiver that was not picked, belong to.
+std::set<std::size_t> shotsOf(const Finding &finding, const PickSurvey &picks);
 
 /// "Shot 2 at 27.5 m".
 QString nameOfShot(const PickSurvey &picks, std::size_t shot);

@@ -348,9 +348,15 @@ void showFinding(QCustomPlot &plot, const PickSurvey &picks, const Finding &find
         extend(x, point.x());
         extend(y, point.y());
     }
+    x.least -= 0.12 * lengthOf(wholeX);
+    x.greatest += 0.12 * lengthOf(wholeX);
+    for (const std::size_t shot : shotsOf(finding, picks))
+        for (const std::vector<QPointF> &curve : curvesOf(picks, shot, options.axes))
+            for (const QPointF &point : curve)
+                if (point.x() >= x.least && point.x() <= x.greatest)
+                    extend(y, point.y());
     const QCPAxisRect &times = *timesOf(plot);
-    times.axis(QCPAxis::atBottom)
-        ->setRange(x.least - 0.12 * lengthOf(wholeX), x.greatest + 0.12 * lengthOf(wholeX));
+    times.axis(QCPAxis::atBottom)->setRange(x.least, x.greatest);
     times.axis(QCPAxis::atLeft)
         ->setRange(y.least - 0.15 * lengthOf(wholeY), y.greatest + 0.15 * lengthOf(wholeY));
 }

@@ -41,7 +41,8 @@ void drawPicks(QCustomPlot &plot, const PickSurvey &picks, const std::vector<Fin
 /// Brings all picks into view.
 void showAllPicks(QCustomPlot &plot, const PickSurvey &picks, const PickPlotOptions &options);
 
-/// Brings the picks of a finding into view, with those around them; all when it names none.
+/// Brings the picks of a finding into view, with those of their shots around them; everything when
+/// it names none.
 void showFinding(QCustomPlot &plot, const PickSurvey &picks, const Finding &finding,
                  const PickPlotOptions &options);
 
