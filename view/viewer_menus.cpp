@@ -191,7 +191,7 @@ void ViewerWindow::fillRecentMenu()
     ui->recentMenu->clear();
     const QStringList recent = settings().value(recentKey).toStringList();
     for (qsizetype i = 0; i < recent.size(); ++i) {
-        const QString path = recent[i];
+        const QString &path = recent[i];
         QAction *const action = ui->recentMenu->addAction(
             QString("&%1 %2").arg(i + 1).arg(QString(path).replace('&', "&&")));
         action->setShortcut(QKeySequence(QString("Ctrl+%1").arg(i + 1)));
