@@ -119,7 +119,11 @@ bool draw(QCustomPlot &plot, const ViewedFiles &files, const QSize &size, Report
     RecordPlotOptions options;
     options.palette = paperPalette();
     drawRecord(plot, record, options);
-    drawRecordPicks(plot, picksOn(*record, files.picks), colourOfFindings(options.palette));
+    const std::vector<RecordPick> picks = picksOn(*record, files.picks);
+    if (picks.empty() && !files.pickPaths.empty())
+        remark(report, RemarkKind::geometry, {record->path},
+               "none of the picks lies on it: their shots or receivers are elsewhere");
+    drawRecordPicks(plot, picks, colourOfFindings(options.palette));
     showWholeRecord(plot);
     return true;
 }
