@@ -67,6 +67,16 @@ private slots:
         QCOMPARE(tabs(), QStringList({"*Picks", "line.su", "other.su"}));
     }
 
+    void reloadingStaysAtTheRecord()
+    {
+        open("line.vs", cleanSurvey);
+        open("line.su", recordOf(20));
+        QCOMPARE(press("Ctrl+Tab"), QStringList());
+        QCOMPARE(press("F5"), QStringList());
+        QCOMPARE(tabs(), QStringList({"Picks", "*line.su"}));
+        QCOMPARE(shownPage(), QString("recordPage"));
+    }
+
     void ampersandInANameIsNoLetterOfTheKeyboard()
     {
         open("a&b.su", recordOf(20));

@@ -132,12 +132,16 @@ void ViewerWindow::showFiles(ViewedFiles next)
     files = std::move(next);
     {
         const QSignalBlocker blocker(ui->tabs);
+        const int page = ui->tabs->currentIndex();
+        const QString shown = ui->tabs->tabText(page);
         while (ui->tabs->count() > 0)
             ui->tabs->removeTab(0);
         if (!files.pickPaths.empty())
             ui->tabs->addTab(tr("Picks"));
         for (const ViewedRecord &record : files.records)
             ui->tabs->addTab(fileName(record.data->path).replace('&', "&&"));
+        if (ui->tabs->tabText(page) == shown)
+            ui->tabs->setCurrentIndex(page);
     }
     ui->tabs->setVisible(ui->tabs->count() > 1);
     ui->picksPage->show(files.picks, files.findings);
