@@ -94,9 +94,11 @@ int convertOneRecord(const Request &request, const Format &target, const Input &
                      const std::string &output, const Conclude &conclude)
 {
     Report report;
-    for (const std::string &path : request.files)
-        if (isSameFile(path, output))
-            fail(report, {path}, "the output would replace this input");
+    // A new output replaces no input: asking of each would take longer than converting.
+    if (isThere(output))
+        for (const std::string &path : request.files)
+            if (isSameFile(path, output))
+                fail(report, {path}, "the output would replace this input");
     const auto write = [&](const std::vector<std::string> &parts) {
         ProgressBar bar(input.path);
         convertRecord(

@@ -43,7 +43,7 @@ bool takeKeyword(const char *keyword, TextInput &input)
 /// The current line is not what it must be.
 bool refuseLine(const std::string &expected, const OpenFile &file, Report &report)
 {
-    return fail(report, quoted(file.input.line) + " where " + expected + " is expected");
+    return fail(report, inQuotes(file.input.line) + " where " + expected + " is expected");
 }
 
 bool nextContent(const std::string &expected, OpenFile &file, Report &report)

@@ -36,7 +36,7 @@ bool readWord(const char *word, TextInput &input, Report &report)
     if (!nextWord(name.c_str(), input, report))
         return false;
     return sameWord(input.line, word)
-           || fail(report, quoted(input.line) + " where " + name + " is expected");
+           || fail(report, inQuotes(input.line) + " where " + name + " is expected");
 }
 
 bool readIndex(const char *name, std::size_t &index, TextInput &input, Report &report)

@@ -91,7 +91,7 @@ bool nextRow(const RowStyle &style, bool isFirst, TextInput &input, Report &repo
             splitRow(style, input);
             return true;
         }
-        remark(report, RemarkKind::notRead, "a heading, " + quoted(input.line) + ": not read");
+        remark(report, RemarkKind::notRead, "a heading, " + inQuotes(input.line) + ": not read");
     }
     return false;
 }

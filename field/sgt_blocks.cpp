@@ -64,7 +64,7 @@ bool parseColumns(const BlockKind &kind, Block &block, TextInput &input, Report 
         const bool isKnown = isOneOf(kind.known, columns.back().name);
         hasOthers = hasOthers || !isKnown;
         if (isKnown && !isParsed)
-            unknown = quoted(word);
+            unknown = inQuotes(word);
     }
     const bool hasAll = std::all_of(kind.needed.begin(), kind.needed.end(),
                                     [&](const char *name) { return has(name, columns); });
@@ -108,7 +108,7 @@ bool readBlock(const BlockKind &kind, Block &block, SgtInput &file, Report &repo
     if (!nextRow(file, report))
         return fail(report, "the file ends where " + expected + " is expected");
     if (input.fields.size() != 1)
-        return fail(report, quoted(input.line) + " where " + expected + " is expected");
+        return fail(report, inQuotes(input.line) + " where " + expected + " is expected");
     if (!readCount(input.line, expected.c_str(), block.count, input, report))
         return false;
     block.countLine = report.place.line;
@@ -133,7 +133,7 @@ bool requireColumns(const BlockKind &kind, const Block &block, Report &report)
     for (const Column &column : block.columns)
         if (!isOneOf(kind.known, column.name))
             remark(report, RemarkKind::notRead, place,
-                   "the column " + quoted(column.name) + " is not read");
+                   "the column " + inQuotes(column.name) + " is not read");
     return true;
 }
 

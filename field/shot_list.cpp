@@ -18,7 +18,7 @@ bool readShotList(const std::string &path, std::vector<ShotPosition> &positions,
     while (nextContent(input, report)) {
         splitAt(';', input);
         if (input.fields.size() != 3 || input.fields[0].empty())
-            return fail(report, quoted(input.line) + " where \"file;x;elevation\" is expected");
+            return fail(report, inQuotes(input.line) + " where \"file;x;elevation\" is expected");
         ShotPosition position{(folder / input.fields[0]).lexically_normal().string()};
         if (!readNumber(input.fields[1], "the shot's x", position.x, input, report)
             || !readNumber(input.fields[2], "the shot's elevation", position.elevation, input,
@@ -26,7 +26,7 @@ bool readShotList(const std::string &path, std::vector<ShotPosition> &positions,
             return false;
         const auto [line, isNew] = lines.try_emplace(position.file, report.place.line);
         if (!isNew)
-            return fail(report, quoted(input.fields[0]) + " is listed in line "
+            return fail(report, inQuotes(input.fields[0]) + " is listed in line "
                                     + std::to_string(line->second) + " already");
         positions.push_back(position);
     }

@@ -228,8 +228,9 @@ bool readNumber(std::string_view field, const char *name, double &value, TextInp
         }
     }
     if (!number)
-        return fail(report, field.empty() ? std::string(name) + " is missing"
-                                          : quoted(field) + " is no number: " + name + " expected");
+        return fail(report, field.empty()
+                                ? std::string(name) + " is missing"
+                                : inQuotes(field) + " is no number: " + name + " expected");
     value = *number;
     return true;
 }
@@ -242,7 +243,8 @@ bool readCount(std::string_view field, const char *name, std::size_t &count, Tex
         return false;
     constexpr double most = std::numeric_limits<std::uint32_t>::max();
     if (value < 0.0 || value > most || value != std::floor(value))
-        return fail(report, quoted(field) + " is no whole number from 0 on: " + name + " expected");
+        return fail(report,
+                    inQuotes(field) + " is no whole number from 0 on: " + name + " expected");
     count = static_cast<std::size_t>(value);
     return true;
 }
@@ -256,7 +258,7 @@ bool readTime(std::string_view field, int power, double &seconds, TextInput &inp
         return false;
     if (isMark || seconds < 0.0)
         remark(report, RemarkKind::negativeTime,
-               (field.empty() ? "no time" : "a time of " + quoted(field))
+               (field.empty() ? "no time" : "a time of " + inQuotes(field))
                    + ": not picked, so the receiver is left out of this shot");
     return true;
 }
@@ -266,10 +268,10 @@ bool endNumbers(const TextInput &input, Report &report)
     const DecimalMarks &marks = input.marks;
     if (marks.commas == 0)
         return true;
-    const std::string comma = quoted(marks.withComma);
+    const std::string comma = inQuotes(marks.withComma);
     if (marks.pointLine != 0)
         return fail(report, marks.firstComma,
-                    comma + " has a comma and " + quoted(marks.withPoint) + " in line "
+                    comma + " has a comma and " + inQuotes(marks.withPoint) + " in line "
                         + std::to_string(marks.pointLine)
                         + " a point: write a decimal point in every number");
     if (!marks.isComma)
@@ -295,7 +297,7 @@ std::optional<double> wholeNumber(std::string_view field, int power)
     return plainNumber(std::string(digits) + 'e' + std::to_string(*exponent + power));
 }
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     constexpr std::size_t longest = 40;
     std::string quotation = '"' + std::string(text.substr(0, longest));

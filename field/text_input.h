@@ -97,7 +97,7 @@ bool endNumbers(const TextInput &input, Report &report);
 std::optional<double> wholeNumber(std::string_view field, int power = 0);
 
 /// Part of an input for a message, in quotation marks: its first 40 characters.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 /// The line for Pick and Origin.
 std::uint32_t lineOf(const Report &report);

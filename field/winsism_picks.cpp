@@ -38,7 +38,7 @@ bool nextHeading(const char *heading, TextInput &input, Report &report)
     if (!nextContent(expected, input, report))
         return false;
     return squeezed(input.line) == squeezed(heading)
-           || fail(report, quoted(input.line) + " where " + expected + " is expected");
+           || fail(report, inQuotes(input.line) + " where " + expected + " is expected");
 }
 
 /// Reads a section's line of numbers: each may be there once.

@@ -211,7 +211,8 @@ Outcome runInner(const std::function<bool(Report &report)> &call)
     require(reports[0].remarks == reports[1].remarks, "the same remarks each time");
 
     const Outcome end = run([&] { return finish(reports[1]); });
-    return {end.result, end.output, end.error, outcome.files};
+    requireSame(end.output + end.error, "", "what was printed is in the report");
+    return {end.result, "", reports[1].printed, outcome.files};
 }
 
 void requireSame(const Outcome &outcome, const Outcome &plain, const std::string &form)

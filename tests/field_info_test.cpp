@@ -80,13 +80,10 @@ TEST(FieldInfo, PicksForPrograms)
                                {"receiverElevation", range(100, 101.5)},
                                {"time", range(0.0123, 0.03)},
                                {"error", range(0.001, 0.001)}};
-    const QJsonObject file = {{"file", "line.csv"},
-                              {"format", "csv"},
-                              {"knownBy", "shot_x in its heading"},
-                              {"units", "metres, seconds"},
-                              {"picks", picks},
-                              {"remarks", QJsonArray()},
-                              {"failures", QJsonArray()}};
+    const QJsonObject file = {
+        {"file", "line.csv"},         {"format", "csv"}, {"knownBy", "shot_x in its heading"},
+        {"units", "metres, seconds"}, {"picks", picks},  {"remarks", QJsonArray()},
+        {"failures", QJsonArray()}};
     const QJsonObject expected = {
         {"files", QJsonArray{file}}, {"remarks", QJsonArray()}, {"failures", QJsonArray()}};
     EXPECT_EQ(objectOf(run), expected) << run.output;

@@ -38,10 +38,7 @@ PickReading read(const std::string &text)
 /// The survey with a text in it replaced.
 std::string with(const std::string &from, const std::string &to)
 {
-    std::string text = survey;
-    const std::size_t at = text.find(from);
-    return at == std::string::npos ? "not in the survey: " + from
-                                   : text.replace(at, from.size(), to);
+    return replaced(survey, from, to);
 }
 
 } // namespace

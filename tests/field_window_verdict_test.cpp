@@ -43,9 +43,7 @@ const std::string geogiga = "TX_CURVE\n"                      // 1
 
 std::string with(const std::string &from, const std::string &to, std::string text)
 {
-    const std::size_t at = text.find(from);
-    return at == std::string::npos ? "not in the survey: " + from
-                                   : text.replace(at, from.size(), to);
+    return replaced(std::move(text), from, to);
 }
 
 } // namespace

@@ -26,10 +26,9 @@ struct Pictures : BatchFolder
 
     BatchRun draw(const std::vector<std::string> &arguments) const
     {
-        return run(arguments, [] {
-            for (const char *name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-                unsetenv(name);
-        });
+        for (const char *name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            unsetenv(name);
+        return run(arguments);
     }
 
     /// What another program says of a file.

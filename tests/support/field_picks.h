@@ -49,6 +49,13 @@ inline PickReading readPicks(ReadPicks *read, const std::string &bytes,
 
 using Remarks = std::vector<std::string>;
 
+/// A text with a part of it replaced.
+inline std::string replaced(std::string text, const std::string &from, const std::string &to)
+{
+    const std::size_t at = text.find(from);
+    return at == std::string::npos ? "not in the text: " + from : text.replace(at, from.size(), to);
+}
+
 /// A survey in a few words: "-2.5,100: 0,100=0.0125 5,101=0.02; " for each shot.
 inline std::string described(const PickSurvey &picks)
 {
