@@ -8,7 +8,10 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressDialog>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -150,6 +153,46 @@ private slots:
         QCOMPARE(readFile(folder->path("again.otte")), oneShotAsOtte);
     }
 
+    void fileIsReplacedOnlyWithLeave_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("no") << int(QMessageBox::No) << "old";
+        QTest::newRow("yes") << int(QMessageBox::Yes) << text(oneShotAsOtte);
+    }
+
+    void fileIsReplacedOnlyWithLeave()
+    {
+        QFETCH(int, answer);
+        QFETCH(QString, left);
+        open("line.vs", oneShot);
+        file("out.otte", "old");
+        QCOMPARE(press("Ctrl+E", {choose({path("out")}, "OTTE traveltimes (*.otte)"),
+                                  ::press(QMessageBox::StandardButton(answer))}),
+                 QStringList("Question of ViewerWindow: Convert To: out.otte already exists.\n"
+                             "Do you want to replace it? [Yes, No]"));
+        QCOMPARE(text(readFile(folder->path("out.otte"))), left);
+    }
+
+    void conversionThatWasNotStoppedSaysThatItIsDone()
+    {
+        open("line.vs", largeSurvey());
+        bool isPressed = false;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, window.get(), [&] {
+            auto *const dialog = window->findChild<QProgressDialog *>();
+            if (dialog == nullptr)
+                return;
+            dialog->cancel();
+            isPressed = true;
+            timer.stop();
+        });
+        timer.start(0);
+        QCOMPARE(press("Ctrl+E", {choose({path("out.otte")})}), QStringList());
+        QVERIFY(isPressed);
+        QCOMPARE(messages(), QStringList(path("out.otte") + " is written."));
+    }
+
     void recordIsConverted()
     {
         open("line.su", record());
@@ -224,6 +267,17 @@ private slots:
         QVERIFY(coloured > 50);
     }
 
+    void copiedPictureIsTheSavedOne()
+    {
+        window->resize(1200, 700);
+        open(std::string(100, 'n') + ".vs", cleanSurvey);
+        QCOMPARE(press("Ctrl+C"), QStringList());
+        QCOMPARE(press("Ctrl+S", {choose({path("picture.png")})}), QStringList());
+        const QImage copied = QGuiApplication::clipboard()->image();
+        QCOMPARE(copied.convertToFormat(QImage::Format_RGB32),
+                 QImage(path("picture.png")).convertToFormat(QImage::Format_RGB32));
+    }
+
     void showAllBringsEverythingIntoView()
     {
         open("line.vs", cleanSurvey);
@@ -275,6 +329,18 @@ private:
                 entries += action->text().remove('&') + ": " + action->shortcut().toString();
         }
         return entries;
+    }
+
+    /// Takes some time to be converted.
+    static std::string largeSurvey()
+    {
+        std::string survey = "Line 500\n0 500\n";
+        for (int shot = 0; shot < 500; ++shot) {
+            survey += std::to_string(shot) + " 48\n";
+            for (int receiver = 1; receiver <= 48; ++receiver)
+                survey += std::to_string(shot + receiver) + ' ' + std::to_string(receiver) + '\n';
+        }
+        return survey;
     }
 
     static std::string record()

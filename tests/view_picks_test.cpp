@@ -299,6 +299,17 @@ private slots:
         QCOMPARE(legendOf(options), QStringList({"Shot 1 at 7 m", "Shot 2 at 20 m"}));
     }
 
+    void legendLeavesRoomForTheCurves()
+    {
+        PickSurvey picks;
+        for (std::uint32_t shot = 1; shot <= 8; ++shot)
+            addShot(picks, shot, 10.0 * shot, {{0, 8}, {90, 12}});
+        QCOMPARE(legendColumnsIn({1200, 800}, picks), 8);
+        QCOMPARE(legendColumnsIn({300, 320}, picks), 2); // four rows
+        QCOMPARE(legendColumnsIn({300, 319}, picks), 0);
+        QCOMPARE(legendColumnsIn({149, 800}, picks), 0);
+    }
+
     void longTitleIsCutInTheMiddle()
     {
         PickSurvey picks = twoShots();

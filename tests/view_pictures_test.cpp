@@ -225,6 +225,12 @@ TEST(ViewPictures, RecordIsDrawnWithItsPicks)
     EXPECT_EQ(pictures.draw({"line.su", "-o", "alone.svg"}), BatchRun{});
     EXPECT_EQ(readFile(pictures.path("alone.svg")).find("#c80082"), std::string::npos);
 
+    pictures.write("elsewhere.vs", "Line 7\n0 1\n40 1\n45 8\n");
+    EXPECT_EQ(pictures.draw({"line.su", "elsewhere.vs", "-o", "elsewhere.png"}),
+              (BatchRun{0, "",
+                        "line.su: none of the picks lies on it: their shots or receivers are "
+                        "elsewhere\n"}));
+
     pictures.write("other.su", record);
     EXPECT_EQ(pictures.draw({"line.su", "other.su", "-o", "two.svg"}),
               (BatchRun{1, "",

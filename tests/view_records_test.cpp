@@ -67,6 +67,34 @@ private slots:
         QCOMPARE(tabs(), QStringList({"*Picks", "line.su", "other.su"}));
     }
 
+    void reloadingStaysAtTheRecord()
+    {
+        open("line.vs", cleanSurvey);
+        open("line.su", recordOf(20));
+        QCOMPARE(press("Ctrl+Tab"), QStringList());
+        QCOMPARE(press("F5"), QStringList());
+        QCOMPARE(tabs(), QStringList({"Picks", "*line.su"}));
+        QCOMPARE(shownPage(), QString("recordPage"));
+    }
+
+    void ampersandInANameIsNoLetterOfTheKeyboard()
+    {
+        open("a&b.su", recordOf(20));
+        QCOMPARE(tabs(), QStringList("*a&&b.su"));
+        QCOMPARE(window->windowTitle(), QString("a&b.su - Convert2Velarix: pictures"));
+    }
+
+    void closedRecordLeavesTheMemory()
+    {
+        open("line.su", recordOf(20));
+        const std::weak_ptr<const RecordData> data = recordOn(record())->drawing().record;
+        QVERIFY(!data.expired());
+        QCOMPARE(press("Ctrl+W"), QStringList());
+        QVERIFY(data.expired());
+        open("line.su", recordOf(30));
+        QVERIFY(shownTitle(record()).endsWith("3 traces"));
+    }
+
     void picksLieOnTheirRecord()
     {
         open("line.su", recordOf(0));
@@ -171,6 +199,8 @@ private slots:
         list->setCurrentRow(0);
         QCOMPARE(tabs(), QStringList({"*Picks", "dead.su"}));
         QCOMPARE(pointsOf(picks(), "Chosen finding"), QStringList("0,26 10,20"));
+        list->setCurrentRow(1);
+        QCOMPARE(pointsOf(picks(), "Chosen finding"), QStringList());
     }
 
     void damagedRecordShowsTheTracesBefore()

@@ -4,6 +4,7 @@
 #include "tests/support/view_window.h"
 
 #include <QAbstractButton>
+#include <QDir>
 #include <QDoubleSpinBox>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -91,6 +92,14 @@ private slots:
         QCOMPARE(pointsOf(picks(), "Shot 1 at 7 m"), QStringList({"0,12 5,4", "10,8 20,20"}));
     }
 
+    void velocityThatIsNotUsedChangesNothing()
+    {
+        open("line.vs", cleanSurvey);
+        axesNamed(picks(), "times")->axis(QCPAxis::atBottom)->setRange(3, 9);
+        named<QDoubleSpinBox>(*window, "velocityBox")->setValue(600);
+        QCOMPARE(rangeOf(*axesNamed(picks(), "times")->axis(QCPAxis::atBottom)), QString("3,9"));
+    }
+
     void findingsAreMarkedUnlessTurnedOff()
     {
         open("line.vs", reciprocalSurvey);
@@ -165,6 +174,22 @@ private slots:
         QCOMPARE(shotList().count(), 2);
         QCOMPARE(shotList().item(0)->text(), QString("Shot 1 at 2 m"));
         QCOMPARE(shotList().item(1)->text(), QString("Shot 2 at 40 m"));
+    }
+
+    void fileThatIsOpenByAnotherNameIsReadAnew()
+    {
+        open("line.vs", cleanSurvey);
+        window->openFiles({QDir::current().relativeFilePath(path("line.vs"))});
+        QCOMPARE(shownTitle(picks()), QString("line.vs: 2 shots, 8 picks"));
+    }
+
+    void messageShowsItsPanel()
+    {
+        QAction *const shows = named<QAction>(*window, "showPanelsAction");
+        shows->setChecked(false);
+        window->openFiles({path("none.vs")});
+        QVERIFY(named<QWidget>(*window, "messages")->isVisible());
+        QVERIFY(shows->isChecked());
     }
 
     void fileThatCannotBeReadLeavesAMessageAndTheOthers()

@@ -103,16 +103,15 @@ std::optional<int> parse(int argc, char *argv[], Arguments &arguments)
 }
 
 /// Draws the record with its picks, or else the survey.
-bool draw(QCustomPlot &plot, const ViewedFiles &files, int width, Report &report)
+bool draw(QCustomPlot &plot, const ViewedFiles &files, const QSize &size, Report &report)
 {
-    constexpr int legendColumn = 150;
     if (files.records.size() > 1)
         return fail(report, {files.records[1].data->path},
                     "a picture has one record: give the others pictures of their own");
     if (files.records.empty()) {
         PickPlotOptions options;
         options.palette = paperPalette();
-        options.legendColumns = width / legendColumn;
+        options.legendColumns = legendColumnsIn(size, files.picks);
         drawPicks(plot, files.picks, files.findings, options);
         return true;
     }
@@ -120,7 +119,11 @@ bool draw(QCustomPlot &plot, const ViewedFiles &files, int width, Report &report
     RecordPlotOptions options;
     options.palette = paperPalette();
     drawRecord(plot, record, options);
-    drawRecordPicks(plot, picksOn(*record, files.picks), colourOfFindings(options.palette));
+    const std::vector<RecordPick> picks = picksOn(*record, files.picks);
+    if (picks.empty() && !files.pickPaths.empty())
+        remark(report, RemarkKind::geometry, {record->path},
+               "none of the picks lies on it: their shots or receivers are elsewhere");
+    drawRecordPicks(plot, picks, colourOfFindings(options.palette));
     showWholeRecord(plot);
     return true;
 }
@@ -137,7 +140,7 @@ int savePicture(const Arguments &arguments)
         return status;
     QCustomPlot plot;
     Report report;
-    if (draw(plot, files, arguments.size.width(), report))
+    if (draw(plot, files, arguments.size, report))
         savePicture(plot, arguments.request.output, arguments.size, report);
     return conclude(report, false, "");
 }

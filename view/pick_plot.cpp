@@ -133,7 +133,7 @@ void drawElevations(const Drawing &drawing)
     rect->axis(QCPAxis::atBottom)->setTickLabels(false);
     rect->setRangeDrag(Qt::Horizontal);
     rect->setRangeZoom(Qt::Horizontal);
-    rect->setMinimumSize(100, 100);
+    rect->setMinimumSize(100, 40);
     plot.plotLayout()->setRowStretchFactor(1, 0.25);
     auto *const margins = new QCPMarginGroup(&drawing.plot);
     rect->setMarginGroup(QCP::msLeft | QCP::msRight, margins);
@@ -286,6 +286,15 @@ double lengthOf(const Range &range)
 }
 
 } // namespace
+
+int legendColumnsIn(const QSize &picture, const PickSurvey &picks)
+{
+    constexpr int columnWidth = 150;
+    constexpr int rowHeight = 20;
+    const int columns = picture.width() / columnWidth;
+    const int most = columns * (picture.height() / 4 / rowHeight);
+    return picks.survey.shots.size() <= static_cast<std::size_t>(most) ? columns : 0;
+}
 
 void drawPicks(QCustomPlot &plot, const PickSurvey &picks, const std::vector<Finding> &findings,
                const PickPlotOptions &options)

@@ -9,6 +9,7 @@
 
 #include <QPalette>
 #include <QPoint>
+#include <QSize>
 
 #include <cstddef>
 #include <optional>
@@ -30,6 +31,10 @@ struct PickPlotOptions
 
 /// The legend has as many shots as this at most.
 inline constexpr std::size_t mostInLegend = 24;
+
+/// The columns of a legend below a picture of this size; 0 where it would take more than a quarter
+/// of the height.
+int legendColumnsIn(const QSize &picture, const PickSurvey &picks);
 
 /// Draws the traveltime curves of a survey onto a plot that shows nothing else, in place of those
 /// before: a graph for each side of a shot, named as nameOfShot() says, the shots' places at a time

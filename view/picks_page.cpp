@@ -34,7 +34,10 @@ PicksPage::PicksPage(QWidget *parent)
     };
     connect(ui->offsetBox, &QCheckBox::toggled, this, redrawAll);
     connect(ui->reducedBox, &QCheckBox::toggled, this, redrawAll);
-    connect(ui->velocityBox, &QDoubleSpinBox::valueChanged, this, redrawAll);
+    connect(ui->velocityBox, &QDoubleSpinBox::valueChanged, this, [this, redrawAll] {
+        if (ui->reducedBox->isChecked())
+            redrawAll();
+    });
     connect(ui->findingsBox, &QCheckBox::toggled, this, [this] {
         takeOptions();
         draw();
@@ -78,12 +81,11 @@ QCustomPlot &PicksPage::plot() const
     return *ui->plot;
 }
 
-void PicksPage::drawPicture(QCustomPlot &picture, int width) const
+void PicksPage::drawPicture(QCustomPlot &picture, const QSize &size) const
 {
-    constexpr int legendColumn = 150;
     PickPlotOptions onPaper = options;
     onPaper.palette = paperPalette();
-    onPaper.legendColumns = width / legendColumn;
+    onPaper.legendColumns = legendColumnsIn(size, *shownPicks);
     drawPicks(picture, *shownPicks, *shownFindings, onPaper);
     copyRanges(*ui->plot, picture);
 }

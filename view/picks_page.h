@@ -32,8 +32,8 @@ public:
     void showAll();
 
     QCustomPlot &plot() const;
-    /// Draws what is in view onto the plot of a picture that is `width` pixels wide.
-    void drawPicture(QCustomPlot &picture, int width) const;
+    /// Draws what is in view onto the plot of a picture of this size.
+    void drawPicture(QCustomPlot &picture, const QSize &size) const;
 
 signals:
     /// Describes the pick that the mouse points at; empty when there is none.

@@ -44,6 +44,12 @@ void RecordPage::show(const std::shared_ptr<const RecordData> &record, const Pic
     showAll();
 }
 
+void RecordPage::showNone()
+{
+    shownRecord.reset();
+    ui->plot->clearPlottables();
+}
+
 void RecordPage::showAll()
 {
     showWholeRecord(*ui->plot);

@@ -27,6 +27,8 @@ public:
 
     /// Shows a record, all of it. The picks are not kept: they must live as long as they are shown.
     void show(const std::shared_ptr<const RecordData> &record, const PickSurvey &picks);
+    /// Lets the record go, whose samples may fill the memory.
+    void showNone();
     void showAll();
 
     QCustomPlot &plot() const;

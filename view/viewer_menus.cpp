@@ -6,12 +6,14 @@
 #include "console/messages.h"
 #include "field/conversion.h"
 #include "ui_viewer_window.h"
+#include "view/plot_title.h"
 #include "view/saved_picture.h"
 #include "view/viewer_window.h"
 
 #include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QSettings>
 #include <qcustomplot.h>
 
@@ -40,6 +42,22 @@ QString withExtension(const QString &path, const QString &filter)
     if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty())
         return path;
     return path + QRegularExpression("\\.[a-z0-9]+").match(filter).captured();
+}
+
+/// Asks for the name of a file to write; it has an extension of the filter if it was typed without
+/// one. Empty when there is none, or when another file is to be kept.
+QString askForOutput(QWidget &window, const QString &title, const QString &filters, QString &filter)
+{
+    const QString typed = QFileDialog::getSaveFileName(&window, title, "", filters, &filter);
+    const QString path = withExtension(typed, filter);
+    // The dialog has asked about the name that was typed.
+    const bool isKept =
+        path != typed && QFileInfo::exists(path)
+        && QMessageBox::question(&window, title,
+                                 QObject::tr("%1 already exists.\nDo you want to replace it?")
+                                     .arg(QFileInfo(path).fileName()))
+               != QMessageBox::Yes;
+    return isKept ? QString() : path;
 }
 
 } // namespace
@@ -72,9 +90,7 @@ void ViewerWindow::on_convertAction_triggered()
         targets.push_back(&format);
     }
     QString filter;
-    const QString output = withExtension(
-        QFileDialog::getSaveFileName(this, tr("Convert To"), "", filters.join(";;"), &filter),
-        filter);
+    const QString output = askForOutput(*this, tr("Convert To"), filters.join(";;"), filter);
     if (output.isEmpty())
         return;
     const Format *target = formatWrittenTo(output.toStdString());
@@ -92,26 +108,24 @@ void ViewerWindow::convert(const Format &format, const std::string &output)
     if (!showsPicks())
         request.shotList = request.topography = "";
     std::vector<Report> reports;
-    const bool isDone = work(tr("Converting..."), [&](const GoesOn &) {
-        return convertFiles(request, format,
-                            [&](const Report &report, const std::string &) {
-                                reports.push_back(report);
-                                return report.failure ? conversionFailed : converted;
-                            })
-               == converted;
+    int status = conversionFailed;
+    work(tr("Converting..."), [&](const GoesOn &) { // which is not given up
+        status = convertFiles(request, format, [&](const Report &report, const std::string &) {
+            reports.push_back(report);
+            return report.failure ? conversionFailed : converted;
+        });
+        return status == converted;
     });
     addMessages(reports);
-    if (isDone)
+    if (status == converted)
         addMessage(tr("%1 is written.").arg(QString::fromStdString(output)));
 }
 
 void ViewerWindow::on_savePictureAction_triggered()
 {
     QString filter;
-    const QString path = withExtension(
-        QFileDialog::getSaveFileName(this, tr("Save Picture"), "",
-                                     "PNG (*.png);;SVG (*.svg);;PDF (*.pdf)", &filter),
-        filter);
+    const QString path =
+        askForOutput(*this, tr("Save Picture"), "PNG (*.png);;SVG (*.svg);;PDF (*.pdf)", filter);
     if (path.isEmpty())
         return;
     Report report;
@@ -148,9 +162,10 @@ std::unique_ptr<QCustomPlot> ViewerWindow::picture(const QSize &size) const
 {
     auto plot = std::make_unique<QCustomPlot>();
     if (showsPicks())
-        ui->picksPage->drawPicture(*plot, size.width());
+        ui->picksPage->drawPicture(*plot, size);
     else
         ui->recordPage->drawPicture(*plot);
+    fitTitle(*plot, size.width());
     return plot;
 }
 
@@ -172,6 +187,7 @@ void ViewerWindow::addMessage(const QString &message)
     ui->messages->appendPlainText(message);
     ui->panels->setTabText(1, tr("Messages (%1)").arg(ui->messages->blockCount()));
     ui->panels->setCurrentWidget(ui->messages);
+    ui->showPanelsAction->setChecked(true);
 }
 
 void ViewerWindow::rememberFiles(const QStringList &paths)

@@ -3,6 +3,7 @@
 
 #include "view/viewer_window.h"
 
+#include "console/file_checks.h"
 #include "field/reciprocal_picks.h"
 #include "ui_viewer_window.h"
 #include "view/work_beside.h"
@@ -19,6 +20,15 @@ namespace {
 QString fileName(const std::string &path)
 {
     return QFileInfo(QString::fromStdString(path)).fileName();
+}
+
+/// The name by which a file is open already, or else its own.
+QString openName(const QString &path, const QStringList &open)
+{
+    for (const QString &other : open)
+        if (path == other || isSameFile(path.toStdString(), other.toStdString()))
+            return other;
+    return path;
 }
 
 /// A finding in a line that names the file without its folder.
@@ -58,9 +68,12 @@ void ViewerWindow::openFiles(const QStringList &paths)
     if (paths.isEmpty() || isBusy)
         return;
     const QStringList open = openPaths();
-    const bool isAnew = std::any_of(paths.begin(), paths.end(),
+    QStringList named;
+    for (const QString &path : paths)
+        named += openName(path, open);
+    const bool isAnew = std::any_of(named.begin(), named.end(),
                                     [&](const QString &path) { return open.contains(path); });
-    QStringList all = isAnew ? open + paths : paths;
+    QStringList all = isAnew ? open + named : named;
     all.removeDuplicates();
     Request request = reading;
     for (const QString &path : all)
@@ -75,7 +88,7 @@ void ViewerWindow::openFiles(const QStringList &paths)
     showFiles(std::move(next));
     addMessages(reports);
     QStringList read;
-    for (const QString &path : paths)
+    for (const QString &path : named)
         if (openPaths().contains(path))
             read += path;
     rememberFiles(read);
@@ -119,15 +132,20 @@ void ViewerWindow::showFiles(ViewedFiles next)
     files = std::move(next);
     {
         const QSignalBlocker blocker(ui->tabs);
+        const int page = ui->tabs->currentIndex();
+        const QString shown = ui->tabs->tabText(page);
         while (ui->tabs->count() > 0)
             ui->tabs->removeTab(0);
         if (!files.pickPaths.empty())
             ui->tabs->addTab(tr("Picks"));
         for (const ViewedRecord &record : files.records)
-            ui->tabs->addTab(fileName(record.data->path));
+            ui->tabs->addTab(fileName(record.data->path).replace('&', "&&"));
+        if (ui->tabs->tabText(page) == shown)
+            ui->tabs->setCurrentIndex(page);
     }
     ui->tabs->setVisible(ui->tabs->count() > 1);
     ui->picksPage->show(files.picks, files.findings);
+    ui->recordPage->showNone();
     showFindings();
     showPage(ui->tabs->currentIndex());
 }
@@ -144,7 +162,7 @@ void ViewerWindow::showPage(int page)
                                   ui->showAllAction, ui->reloadAction, ui->closeAction})
         action->setEnabled(page >= 0);
     ui->nextPageAction->setEnabled(ui->tabs->count() > 1);
-    const QString shown = page < 0 ? QString() : ui->tabs->tabText(page) + " - ";
+    const QString shown = page < 0 ? QString() : ui->tabs->tabText(page).replace("&&", "&") + " - ";
     setWindowTitle(shown + tr("Convert2Velarix: pictures"));
 }
 
@@ -176,8 +194,10 @@ void ViewerWindow::chooseFinding()
     row -= files.findings.size();
     for (const ViewedRecord &record : files.records) {
         ++tab;
-        if (row < record.findings.size())
+        if (row < record.findings.size()) {
+            ui->picksPage->chooseFinding(std::nullopt);
             return ui->tabs->setCurrentIndex(tab);
+        }
         row -= record.findings.size();
     }
 }
