@@ -203,6 +203,26 @@ private slots:
         QCOMPARE(pointsOf(picks(), "Chosen finding"), QStringList());
     }
 
+    void findingOfATraceShowsItWithThoseBesideIt()
+    {
+        std::string traces;
+        for (int number = 1; number <= 30; ++number)
+            traces += suTrace(ByteOrder::littleEndian, {{116, 1000}},
+                              number == 20 ? std::vector<float>{0, 0, 0}
+                                           : std::vector<float>{0, float(number), 0});
+        open("line.su", traces);
+        const QStringList lines = findings();
+        const auto dead = std::find_if(lines.begin(), lines.end(), [](const QString &line) {
+            return line.startsWith("line.su: trace 20");
+        });
+        QVERIFY(dead != lines.end());
+        auto *const list = named<QListWidget>(*window, "findingList");
+        list->setCurrentRow(static_cast<int>(dead - lines.begin()));
+        const QCPRange inView = record().axisRect()->axis(QCPAxis::atBottom)->range();
+        QCOMPARE(inView.lower, 10.0);
+        QCOMPARE(inView.upper, 30.0);
+    }
+
     void damagedRecordShowsTheTracesBefore()
     {
         const std::string whole = recordOf(0);

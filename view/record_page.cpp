@@ -7,10 +7,12 @@
 #include "ui_record_page.h"
 #include "view/colours.h"
 #include "view/plot_view.h"
+#include "view/record_layout.h"
 #include "view/record_picks.h"
 
 #include <QEvent>
 
+#include <algorithm>
 #include <cmath>
 
 RecordPage::RecordPage(QWidget *parent)
@@ -53,6 +55,21 @@ void RecordPage::showNone()
 void RecordPage::showAll()
 {
     showWholeRecord(*ui->plot);
+    ui->plot->replot(QCustomPlot::rpQueuedReplot);
+}
+
+void RecordPage::showTrace(std::size_t number)
+{
+    constexpr double tracesBeside = 10.0;
+    const RecordLayout layout = layOut(*shownRecord, options());
+    for (const PlacedTrace &trace : layout.traces) {
+        if (trace.trace + 1 != number)
+            continue;
+        const double beside = tracesBeside * layout.spacing;
+        ui->plot->xAxis->setRange(
+            std::max(trace.place - beside, layout.places.least - layout.spacing),
+            std::min(trace.place + beside, layout.places.greatest + layout.spacing));
+    }
     ui->plot->replot(QCustomPlot::rpQueuedReplot);
 }
 

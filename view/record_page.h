@@ -30,6 +30,8 @@ public:
     /// Lets the record go, whose samples may fill the memory.
     void showNone();
     void showAll();
+    /// Brings a trace, counted from 1, into view with those beside it, if it is drawn.
+    void showTrace(std::size_t number);
 
     QCustomPlot &plot() const;
     /// Draws what is in view onto the plot of a picture.

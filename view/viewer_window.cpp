@@ -179,7 +179,7 @@ void ViewerWindow::showFindings()
     ui->panels->setTabText(0, tr("Findings (%1)").arg(ui->findingList->count()));
 }
 
-/// Shows the picks or the record that the chosen finding is about.
+/// Shows the picks or the trace that the chosen finding is about.
 void ViewerWindow::chooseFinding()
 {
     const QModelIndexList chosen = ui->findingList->selectionModel()->selectedIndexes();
@@ -196,7 +196,8 @@ void ViewerWindow::chooseFinding()
         ++tab;
         if (row < record.findings.size()) {
             ui->picksPage->chooseFinding(std::nullopt);
-            return ui->tabs->setCurrentIndex(tab);
+            ui->tabs->setCurrentIndex(tab);
+            return ui->recordPage->showTrace(record.findings[row].trace);
         }
         row -= record.findings.size();
     }
