@@ -97,7 +97,7 @@ std::string wrongUsageOf(const Command &command, const QCommandLineParser &parse
         if (!command.options.contains(name))
             return (command.name + " takes no --" + name).toStdString();
     }
-    if (const std::string reason = wrongValuesOf(parser); !reason.empty())
+    if (std::string reason = wrongValuesOf(parser); !reason.empty())
         return reason;
     if (!command.takesFiles && !files.isEmpty())
         return command.name.toStdString() + " takes no files";
