@@ -5,10 +5,10 @@
 #include "batch/request.h"
 #include "batch/seismic_command.h"
 #include "batch/traveltime_command.h"
+#include "console/command_line.h"
 #include "console/file_checks.h"
 #include "console/messages.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -146,27 +146,6 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(PROJECT_VERSION);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(description);
-    const QCommandLineOption help({"h", "help"}, "Show this help.");
-    parser.addOption(help);
-    const QCommandLineOption version = parser.addVersionOption();
-    addOptions(parser);
-
-    const QStringList arguments = QCoreApplication::arguments();
-#ifndef _WIN32
-    for (int i = 1; i < argc; ++i)
-        if (arguments[i].toLocal8Bit() != argv[i])
-            return refuseUsage("argument " + std::to_string(i) + " is not valid UTF-8");
-#endif
-    if (!parser.parse(arguments)) {
-        QString reason = parser.errorText();
-        if (reason.endsWith('.'))
-            reason.chop(1);
-        return refuseUsage(reason.toStdString());
-    }
-    if (parser.isSet(help))
-        parser.showHelp();
-    if (parser.isSet(version))
-        parser.showVersion();
-    return run(parser);
+    const std::string reason = parseArguments(argc, argv, description, addOptions, parser);
+    return reason.empty() ? run(parser) : refuseUsage(reason);
 }

@@ -19,9 +19,8 @@ bool isAccepted(const Report &report, bool isStrict);
 /// The remarks and the failure, each in one line "file:line: text".
 std::vector<std::string> messagesOf(const Report &report);
 
-/// Shows the remarks and the failure on the standard error stream and returns the exit
-/// status. `name` is what was to be made or converted, for
-/// the line that says that `isStrict` prevented it.
+/// Shows the remarks and the failure on the standard error stream and returns the exit status.
+/// `name` is what was to be made or converted, for the line that says that `isStrict` prevented it.
 int conclude(const Report &report, bool isStrict, const std::string &name);
 
 /// `text` as one line of a terminal: a control character becomes "?", and a long text is cut.

@@ -3,8 +3,6 @@
 
 #include "field/arguments.h"
 
-#include <QCoreApplication>
-
 #include <vector>
 
 namespace {
@@ -29,22 +27,6 @@ bool canRead(const Format &format)
 }
 
 } // namespace
-
-std::string parseArguments(int argc, char *argv[], QCommandLineParser &parser)
-{
-    const QStringList arguments = QCoreApplication::arguments();
-#ifndef _WIN32
-    for (int i = 1; i < argc; ++i)
-        if (arguments[i].toLocal8Bit() != argv[i])
-            return "argument " + std::to_string(i) + " is not valid UTF-8";
-#endif
-    if (parser.parse(arguments))
-        return "";
-    QString reason = parser.errorText();
-    if (reason.endsWith('.'))
-        reason.chop(1);
-    return reason.toStdString();
-}
 
 std::string wrongValuesOf(const QCommandLineParser &parser)
 {

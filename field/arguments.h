@@ -10,11 +10,8 @@
 #include <optional>
 #include <string>
 
-// What command lines have in common. Each function that returns a text returns what is wrong, or
-// nothing.
-
-/// Parses the command line.
-std::string parseArguments(int argc, char *argv[], QCommandLineParser &parser);
+// What the command lines of the command and of the window of pictures have in common. Each function
+// that returns a text returns what is wrong, or nothing.
 
 /// Looks for options that are given twice or lack their value, and for "-" as a file.
 std::string wrongValuesOf(const QCommandLineParser &parser);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
+#include "console/command_line.h"
 #include "console/messages.h"
 #include "field/arguments.h"
 #include "field/check_command.h"
@@ -9,7 +10,6 @@
 #include "field/info_command.h"
 #include "field/request.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -154,17 +154,6 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(PROJECT_VERSION);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(description);
-    const QCommandLineOption help({"h", "help"}, "Show this help.");
-    parser.addOption(help);
-    const QCommandLineOption version = parser.addVersionOption();
-    addOptions(parser);
-
-    if (const std::string reason = parseArguments(argc, argv, parser); !reason.empty())
-        return refuseUsage(reason);
-    if (parser.isSet(help))
-        parser.showHelp();
-    if (parser.isSet(version))
-        parser.showVersion();
-    return run(parser);
+    const std::string reason = parseArguments(argc, argv, description, addOptions, parser);
+    return reason.empty() ? run(parser) : refuseUsage(reason);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Convert2Velarix authors
 // SPDX-License-Identifier: MIT
 
+#include "console/command_line.h"
 #include "console/messages.h"
 #include "field/arguments.h"
 #include "view/colours.h"
@@ -14,7 +15,6 @@
 #include <qcustomplot.h>
 
 #include <QApplication>
-#include <QCommandLineParser>
 
 namespace {
 
@@ -77,6 +77,14 @@ std::string takeArguments(const QCommandLineParser &parser, Arguments &arguments
                                      : "a picture is .png, .svg or .pdf, not " + request.output;
 }
 
+void addOptions(QCommandLineParser &parser)
+{
+    parser.addOption({{"o", "output"}, "The picture to save.", "PICTURE"});
+    parser.addOption({"size", "Of the picture, in pixels; otherwise 1200x800.", "WxH"});
+    addReadingOptions(parser);
+    parser.addPositionalArgument("files", "The files to show.", "[files...]");
+}
+
 /// Parses the command line; returns the exit status when that is all there is to do.
 std::optional<int> parse(int argc, char *argv[], Arguments &arguments)
 {
@@ -84,21 +92,9 @@ std::optional<int> parse(int argc, char *argv[], Arguments &arguments)
     QCoreApplication::setApplicationName("convert2velarix-view");
     QCoreApplication::setApplicationVersion(PROJECT_VERSION);
     QCommandLineParser parser;
-    parser.setApplicationDescription(description);
-    const QCommandLineOption help({"h", "help"}, "Show this help.");
-    parser.addOption(help);
-    const QCommandLineOption version = parser.addVersionOption();
-    parser.addOption({{"o", "output"}, "The picture to save.", "PICTURE"});
-    parser.addOption({"size", "Of the picture, in pixels; otherwise 1200x800.", "WxH"});
-    addReadingOptions(parser);
-    parser.addPositionalArgument("files", "The files to show.", "[files...]");
-    if (const std::string reason = parseArguments(argc, argv, parser); !reason.empty())
-        return refuseUsage(reason);
-    if (parser.isSet(help))
-        parser.showHelp();
-    if (parser.isSet(version))
-        parser.showVersion();
-    const std::string reason = takeArguments(parser, arguments);
+    std::string reason = parseArguments(argc, argv, description, addOptions, parser);
+    if (reason.empty())
+        reason = takeArguments(parser, arguments);
     return reason.empty() ? std::optional<int>() : refuseUsage(reason);
 }
 
