@@ -20,7 +20,7 @@ constexpr std::array columnNames = {
     "shot_x", "shot_elevation", "receiver_x", "receiver_elevation", "time", "err"};
 constexpr std::size_t neededColumns = 5; ///< all but err
 
-struct OpenFile
+struct CsvFile
 {
     TextInput input = {};
     char delimiter = ',';
@@ -46,7 +46,7 @@ void addLine(std::string_view line, char delimiter, bool &isQuoted,
 }
 
 /// Splits the row that begins in the current line. Quoted fields may go on in the next lines.
-bool splitRow(OpenFile &file, Report &report)
+bool splitRow(CsvFile &file, Report &report)
 {
     TextInput &input = file.input;
     if (input.line.find('"') == std::string_view::npos) {
@@ -69,7 +69,7 @@ bool splitRow(OpenFile &file, Report &report)
     return true;
 }
 
-bool readHeading(OpenFile &file, Report &report)
+bool readHeading(CsvFile &file, Report &report)
 {
     TextInput &input = file.input;
     if (!nextContent(input, report))
@@ -96,7 +96,7 @@ bool readHeading(OpenFile &file, Report &report)
 }
 
 /// Reads the row that is split.
-bool readRow(Measurement &measurement, PositionTable &table, OpenFile &file, Report &report)
+bool readRow(Measurement &measurement, PositionTable &table, CsvFile &file, Report &report)
 {
     TextInput &input = file.input;
     const auto field = [&](std::size_t column) { return input.fields[file.columns[column]]; };
@@ -116,7 +116,7 @@ bool readRow(Measurement &measurement, PositionTable &table, OpenFile &file, Rep
     return !hasError || readNumber(field(5), "err", pick.error, input, report);
 }
 
-bool readRows(std::vector<Measurement> &measurements, PositionTable &table, OpenFile &file,
+bool readRows(std::vector<Measurement> &measurements, PositionTable &table, CsvFile &file,
               Report &report)
 {
     while (nextContent(file.input, report)) {
@@ -149,7 +149,7 @@ void appendPosition(std::string &text, double x, double elevation)
 bool readCsvPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                   Report &report)
 {
-    OpenFile file;
+    CsvFile file;
     std::vector<Measurement> measurements;
     PositionTable table;
     if (!loadInput(path, options, file.input, report) || !readHeading(file, report)

@@ -12,7 +12,7 @@
 
 namespace {
 
-struct OpenFile
+struct GenericFile
 {
     TextInput input = {};
     RowStyle style = {};
@@ -23,7 +23,7 @@ struct OpenFile
     std::vector<Pick> receivers = {};
 };
 
-bool nextRow(OpenFile &file, Report &report)
+bool nextRow(GenericFile &file, Report &report)
 {
     return nextRow(file.style, file.receivers.empty(), file.input, report);
 }
@@ -36,7 +36,7 @@ std::string inWords(const ReceiverPosition &position)
 
 /// Reads the position of the shot from the current row, which has two fields. Where the options
 /// give it, too, it must be the same.
-bool readShotRow(OpenFile &file, Report &report)
+bool readShotRow(GenericFile &file, Report &report)
 {
     TextInput &input = file.input;
     ReceiverPosition shot;
@@ -51,7 +51,7 @@ bool readShotRow(OpenFile &file, Report &report)
     return true;
 }
 
-bool readReceiver(OpenFile &file, Report &report)
+bool readReceiver(GenericFile &file, Report &report)
 {
     TextInput &input = file.input;
     if (input.fields.size() > 3 && input.fields.back().empty())
@@ -72,7 +72,7 @@ bool readReceiver(OpenFile &file, Report &report)
            && readTime(input.fields[2], powerOf(file.unit), pick.time, input, report);
 }
 
-bool readRows(OpenFile &file, Report &report)
+bool readRows(GenericFile &file, Report &report)
 {
     bool isThere = nextRow(file, report);
     if (isThere && file.input.fields.size() == 2) {
@@ -89,7 +89,7 @@ bool readRows(OpenFile &file, Report &report)
 }
 
 /// Tells of fields after the third, or fails where a decimal comma may have made them.
-bool endRows(const OpenFile &file, Report &report)
+bool endRows(const GenericFile &file, Report &report)
 {
     if (file.longRow.line == 0)
         return true;
@@ -102,7 +102,7 @@ bool endRows(const OpenFile &file, Report &report)
     return true;
 }
 
-bool requireShot(const OpenFile &file, Report &report)
+bool requireShot(const GenericFile &file, Report &report)
 {
     return file.shot
            || fail(report, {report.place.file},
@@ -128,7 +128,7 @@ std::optional<ReceiverPosition> listedPosition(const std::string &path, const Pi
 bool readGenericPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                       Report &report)
 {
-    OpenFile file;
+    GenericFile file;
     if (!loadInput(path, options, file.input, report))
         return false;
     file.style = findStyle(file.input);

@@ -11,7 +11,7 @@
 
 namespace {
 
-struct OpenFile
+struct GeogigaFile
 {
     TextInput input = {};
     TimeUnit unit = TimeUnit::seconds;
@@ -41,12 +41,12 @@ bool takeKeyword(const char *keyword, TextInput &input)
 }
 
 /// The current line is not what it must be.
-bool refuseLine(const std::string &expected, const OpenFile &file, Report &report)
+bool refuseLine(const std::string &expected, const GeogigaFile &file, Report &report)
 {
     return fail(report, inQuotes(file.input.line) + " where " + expected + " is expected");
 }
 
-bool nextContent(const std::string &expected, OpenFile &file, Report &report)
+bool nextContent(const std::string &expected, GeogigaFile &file, Report &report)
 {
     if (std::exchange(file.isPending, false) || nextContent(file.input, report))
         return true;
@@ -57,14 +57,14 @@ bool nextContent(const std::string &expected, OpenFile &file, Report &report)
 }
 
 /// Goes to the line of a keyword, in lower case; `title` is as people know it.
-bool nextKeyword(const char *keyword, const char *title, OpenFile &file, Report &report)
+bool nextKeyword(const char *keyword, const char *title, GeogigaFile &file, Report &report)
 {
     if (!nextContent(title, file, report))
         return false;
     return takeKeyword(keyword, file.input) || refuseLine(title, file, report);
 }
 
-bool readHeader(OpenFile &file, Report &report)
+bool readHeader(GeogigaFile &file, Report &report)
 {
     TextInput &input = file.input;
     if (!nextContent("TX_CURVE", file, report))
@@ -95,7 +95,7 @@ bool isRow(const TextInput &input)
 }
 
 /// Reads the row that is the current line.
-bool readRow(std::vector<Pick> &receivers, OpenFile &file, Report &report)
+bool readRow(std::vector<Pick> &receivers, GeogigaFile &file, Report &report)
 {
     TextInput &input = file.input;
     double unused = 0.0;
@@ -110,7 +110,7 @@ bool readRow(std::vector<Pick> &receivers, OpenFile &file, Report &report)
 }
 
 /// Passes over the line of column headings. Where it is missing, the first row comes at once.
-bool passHeadings(OpenFile &file, Report &report)
+bool passHeadings(GeogigaFile &file, Report &report)
 {
     if (file.rowCount == 0 && !nextContent(file.input, report))
         return true;
@@ -122,7 +122,7 @@ bool passHeadings(OpenFile &file, Report &report)
 }
 
 /// Reads the rows of a shot.
-bool readRows(std::vector<Pick> &receivers, OpenFile &file, Report &report)
+bool readRows(std::vector<Pick> &receivers, GeogigaFile &file, Report &report)
 {
     if (!passHeadings(file, report))
         return false;
@@ -142,7 +142,7 @@ bool readRows(std::vector<Pick> &receivers, OpenFile &file, Report &report)
 }
 
 /// Fails when the current line, which comes after the last row of a shot, is one more.
-bool requireNoRow(OpenFile &file, Report &report)
+bool requireNoRow(GeogigaFile &file, Report &report)
 {
     splitAtBlanks(file.input);
     return file.shots == 0 || file.input.fields.size() < 2 || !isRow(file.input)
@@ -151,7 +151,7 @@ bool requireNoRow(OpenFile &file, Report &report)
                                + ", but this line looks like another one");
 }
 
-bool readShot(OpenFile &file, PickSurvey &picks, Report &report)
+bool readShot(GeogigaFile &file, PickSurvey &picks, Report &report)
 {
     TextInput &input = file.input;
     Shot shot{0.0, file.elevation, ""};
@@ -181,7 +181,7 @@ bool readShot(OpenFile &file, PickSurvey &picks, Report &report)
 }
 
 /// Nothing but empty lines and comments may follow the last shot.
-bool readRest(OpenFile &file, Report &report)
+bool readRest(GeogigaFile &file, Report &report)
 {
     if (!file.isPending && !nextContent(file.input, report))
         return true;
@@ -199,7 +199,7 @@ bool readRest(OpenFile &file, Report &report)
 bool readGeogigaPicks(const std::string &path, const PickOptions &options, PickSurvey &picks,
                       Report &report)
 {
-    OpenFile file;
+    GeogigaFile file;
     file.unit = options.timesIn.value_or(TimeUnit::seconds);
     if (!loadInput(path, options, file.input, report) || !readHeader(file, report))
         return false;

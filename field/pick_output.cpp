@@ -8,15 +8,6 @@
 
 #include <algorithm>
 
-namespace {
-
-Place placeOf(const Origin &origin, const PickSurvey &picks)
-{
-    return {picks.files[origin.file], origin.line};
-}
-
-} // namespace
-
 bool openOutput(const std::string &path, TextOutput &output, Report &report)
 {
     output.path = path;

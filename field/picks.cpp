@@ -53,3 +53,8 @@ void addShot(PickSurvey &picks, const Shot &shot, const Place &place,
     picks.origins.push_back(std::move(origins));
     picks.errors.push_back(std::move(errors));
 }
+
+Place placeOf(const Origin &origin, const PickSurvey &picks)
+{
+    return {picks.files[origin.file], origin.line};
+}

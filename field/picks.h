@@ -45,6 +45,9 @@ struct PickSurvey
     SpreadIndex index = {}; ///< of the survey's spreads
 };
 
+/// The file and the line of a pick or a shot.
+Place placeOf(const Origin &origin, const PickSurvey &picks);
+
 /// A receiver's line for a shot.
 struct Pick
 {

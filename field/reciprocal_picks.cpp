@@ -180,11 +180,6 @@ bool isSamePlace(const ReceiverPosition &a, const ReceiverPosition &b)
     return std::abs(a.x - b.x) <= centimetre && std::abs(a.elevation - b.elevation) <= centimetre;
 }
 
-Place placeOf(const Origin &origin, const PickSurvey &picks)
-{
-    return {picks.files[origin.file], origin.line};
-}
-
 std::string inMilliseconds(double seconds)
 {
     return exactNumber(seconds, 3) + " ms";

@@ -15,8 +15,6 @@
 /// Whether both are within a centimetre of each other.
 bool isSamePlace(const ReceiverPosition &a, const ReceiverPosition &b);
 
-Place placeOf(const Origin &origin, const PickSurvey &picks);
-
 /// "12.5 ms".
 std::string inMilliseconds(double seconds);
 

@@ -25,11 +25,11 @@ struct Seg2Style
     Seg2Ends ends = {};
 };
 
-template <typename Number>
-Number numberAt(std::string_view bytes, std::size_t offset, ByteOrder byteOrder)
+template <typename Integer>
+Integer integerAt(std::string_view bytes, std::size_t offset, ByteOrder byteOrder)
 {
-    return byteOrder == ByteOrder::bigEndian ? qFromBigEndian<Number>(bytes.data() + offset)
-                                             : qFromLittleEndian<Number>(bytes.data() + offset);
+    return byteOrder == ByteOrder::bigEndian ? qFromBigEndian<Integer>(bytes.data() + offset)
+                                             : qFromLittleEndian<Integer>(bytes.data() + offset);
 }
 
 /// The fields that a file begins with.
@@ -56,9 +56,9 @@ std::optional<Seg2Beginning> readBeginning(std::string_view bytes)
         return std::nullopt;
     const ByteOrder byteOrder = isLittle ? ByteOrder::littleEndian : ByteOrder::bigEndian;
     return Seg2Beginning{{byteOrder, {endAt(bytes, 8), endAt(bytes, 11)}},
-                         numberAt<quint16>(bytes, 2, byteOrder),
-                         numberAt<quint16>(bytes, 4, byteOrder),
-                         numberAt<quint16>(bytes, 6, byteOrder)};
+                         integerAt<quint16>(bytes, 2, byteOrder),
+                         integerAt<quint16>(bytes, 4, byteOrder),
+                         integerAt<quint16>(bytes, 6, byteOrder)};
 }
 
 /// Fails for a file whose first fields cannot be.
@@ -82,7 +82,7 @@ std::vector<std::uint32_t> readPointers(RecordInput &input, const Seg2Beginning 
         bytesAt(input, descriptorFieldsSize, std::size_t{4} * beginning.traceCount);
     std::vector<std::uint32_t> pointers;
     for (std::size_t at = 0; at + 4 <= bytes.size(); at += 4)
-        pointers.push_back(numberAt<quint32>(bytes, at, beginning.style.byteOrder));
+        pointers.push_back(integerAt<quint32>(bytes, at, beginning.style.byteOrder));
     return pointers;
 }
 
@@ -117,8 +117,8 @@ struct Seg2TraceFields
 
 Seg2TraceFields readFields(std::string_view bytes, ByteOrder byteOrder)
 {
-    return {numberAt<quint16>(bytes, 0, byteOrder), numberAt<quint16>(bytes, 2, byteOrder),
-            numberAt<quint32>(bytes, 4, byteOrder), numberAt<quint32>(bytes, 8, byteOrder),
+    return {integerAt<quint16>(bytes, 0, byteOrder), integerAt<quint16>(bytes, 2, byteOrder),
+            integerAt<quint32>(bytes, 4, byteOrder), integerAt<quint32>(bytes, 8, byteOrder),
             static_cast<std::uint8_t>(bytes[12])};
 }
 

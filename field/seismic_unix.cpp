@@ -16,7 +16,6 @@
 #include <cstring>
 #include <limits>
 #include <memory>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -24,12 +23,10 @@
 
 namespace {
 
-constexpr std::size_t headerSize = std::tuple_size_v<SuHeaderBytes>;
-
 /// Whether the bytes of a header are not all of a text: fields that are 0 have zeros.
 bool hasZeros(const std::string &start)
 {
-    return start.substr(0, headerSize).find('\0') != std::string::npos;
+    return start.substr(0, su::headerSize).find('\0') != std::string::npos;
 }
 
 /// What else the file is; empty when it could be Seismic Unix.
@@ -96,11 +93,11 @@ bool readTraces(RecordInput &input, const SuOrder &order, std::size_t traceCount
         const auto header = headerAt(input, position, order.byteOrder);
         samples.resize(header ? numberAt<std::uint16_t>(*header, su::sampleCount) : 0);
         const std::size_t size = samples.size() * sizeof(float);
-        const std::string_view bytes = bytesAt(input, position + headerSize, size);
+        const std::string_view bytes = bytesAt(input, position + su::headerSize, size);
         if (!header || bytes.size() < size)
             return failAtDamage(input, number, "the file changed while it was read", report);
         copyFloats(bytes, order.byteOrder, samples);
-        position += headerSize + size;
+        position += su::headerSize + size;
         file.fractionRead = static_cast<double>(position) / static_cast<double>(input.size);
 
         RecordTrace trace = traceOf(*header, number, readings);
@@ -217,7 +214,7 @@ bool readSeismicUnix(const std::string &path, const TakeTrace &take, Report &rep
     const std::string other = otherFormatOf(std::string(bytesAt(input, 0, 4096)));
     if (!other.empty())
         return fail(report, "this is " + other + ", not Seismic Unix");
-    if (input.size < headerSize)
+    if (input.size < su::headerSize)
         return fail(report, "the file ends within its first header: " + std::to_string(input.size)
                                 + " of 240 bytes");
     const auto order = findSuOrder(input);

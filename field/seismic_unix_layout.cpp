@@ -7,17 +7,14 @@
 #include "traveltime/text.h"
 
 #include <cstring>
-#include <tuple>
 
 #include <QtEndian>
 
 namespace {
 
-constexpr std::size_t headerSize = std::tuple_size_v<SuHeaderBytes>;
-
 std::uint64_t traceSize(std::uint16_t sampleCount)
 {
-    return headerSize + std::uint64_t{4} * sampleCount;
+    return su::headerSize + std::uint64_t{4} * sampleCount;
 }
 
 std::uint16_t toNumber(std::string_view bytes, ByteOrder byteOrder)
@@ -29,7 +26,7 @@ std::uint16_t toNumber(std::string_view bytes, ByteOrder byteOrder)
 /// The number of samples that the header at `position` gives; 0 when the file ends in it.
 std::uint16_t sampleCountAt(RecordInput &input, std::uint64_t position, ByteOrder byteOrder)
 {
-    if (position + headerSize > input.size)
+    if (position + su::headerSize > input.size)
         return 0;
     const std::string_view bytes = fewBytesAt(input, position + su::sampleCount, 2);
     return bytes.size() == 2 ? toNumber(bytes, byteOrder) : std::uint16_t{0};
@@ -41,7 +38,7 @@ std::uint64_t repeatAt(RecordInput &input, ByteOrder byteOrder)
     const std::string counts(fewBytesAt(input, su::sampleCount, 4));
     const std::uint16_t sampleCount = sampleCountAt(input, 0, byteOrder);
     const std::uint64_t second = traceSize(sampleCount);
-    const bool repeats = sampleCount > 0 && second + headerSize <= input.size
+    const bool repeats = sampleCount > 0 && second + su::headerSize <= input.size
                          && fewBytesAt(input, second + su::sampleCount, 4) == counts;
     return repeats ? second : 0;
 }
@@ -97,11 +94,11 @@ SuTraces countTraces(RecordInput &input, ByteOrder byteOrder)
 std::optional<SuHeaderBytes> headerAt(RecordInput &input, std::uint64_t position,
                                       ByteOrder byteOrder)
 {
-    const std::string_view bytes = fewBytesAt(input, position, headerSize);
-    if (bytes.size() < headerSize)
+    const std::string_view bytes = fewBytesAt(input, position, su::headerSize);
+    if (bytes.size() < su::headerSize)
         return std::nullopt;
     SuHeaderBytes header;
-    std::memcpy(header.data(), bytes.data(), headerSize);
+    std::memcpy(header.data(), bytes.data(), su::headerSize);
     if (byteOrder != machineByteOrder())
         swapFields(header);
     return header;

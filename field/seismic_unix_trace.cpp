@@ -250,7 +250,7 @@ SuHeaderBytes plainHeader(const RecordTrace &trace, std::size_t number)
     return header;
 }
 
-constexpr std::int16_t deadKind = 2;
+constexpr std::int16_t deadTrace = 2;
 
 /// What makeHeader() makes of a trace that `header` was read for; what the trace says but need not
 /// say in the same numbers is as in `header`.
@@ -294,7 +294,7 @@ RecordTrace traceOf(const SuHeaderBytes &header, std::size_t number, SuReadings 
         trace.channelNumber = channel;
     if (const auto stack = numberAt<std::int16_t>(header, su::stackCount); stack > 0)
         trace.stackCount = stack;
-    trace.isDead = numberAt<std::int16_t>(header, su::traceKind) == deadKind;
+    trace.isDead = numberAt<std::int16_t>(header, su::traceKind) == deadTrace;
     readTime(header, number, trace, readings);
 
     if (std::string fields = fieldsAsText(header, expectedHeader(trace, number, header));
@@ -312,8 +312,8 @@ std::string makeHeader(const RecordTrace &trace, std::size_t number, SuHeaderByt
 
     putNumber(header, su::shotNumber, trace.shotNumber.value_or(0));
     putNumber(header, su::channelNumber, trace.channelNumber.value_or(0));
-    if ((numberAt<std::int16_t>(header, su::traceKind) == deadKind) != trace.isDead)
-        putNumber(header, su::traceKind, trace.isDead ? deadKind : std::int16_t{1});
+    if ((numberAt<std::int16_t>(header, su::traceKind) == deadTrace) != trace.isDead)
+        putNumber(header, su::traceKind, trace.isDead ? deadTrace : std::int16_t{1});
     putTime(header, trace, number, roundings);
     std::string refusal = putStackCount(header, trace);
     if (refusal.empty())

@@ -45,8 +45,8 @@ std::vector<Finding> suLosses(const std::string &path)
     };
     if (openSuFile(path, file, nullptr, report))
         indexSuFile(file, take, findings, report);
-    constexpr std::size_t mostTraces = 16383;
-    if (traceCount > mostTraces)
+    constexpr std::size_t mostInWindow = 16383;
+    if (traceCount > mostInWindow)
         fail(report, grouped(traceCount) + " traces, but its SEG2 file can point to 16,383");
     return findingsOf(report);
 }

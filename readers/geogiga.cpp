@@ -16,7 +16,7 @@
 namespace {
 
 /// The file as it is read, with the current line cut into fields.
-struct OpenFile
+struct GeogigaFile
 {
     TextFile text;
     std::string line = {};
@@ -26,7 +26,7 @@ struct OpenFile
 };
 
 /// Where a file ends too early.
-std::string ending(const OpenFile &file)
+std::string ending(const GeogigaFile &file)
 {
     return "the file ends"
            + (file.shotCount.empty() ? ""
@@ -34,12 +34,12 @@ std::string ending(const OpenFile &file)
                                            + file.shotCount + " shots");
 }
 
-void splitAt(const std::string &delimiters, OpenFile &file, Report &report)
+void splitAt(const std::string &delimiters, GeogigaFile &file, Report &report)
 {
     splitLine(file.line, file.fields, delimiters, report);
 }
 
-bool startsWith(const std::string &keyword, const OpenFile &file, Report &report)
+bool startsWith(const std::string &keyword, const GeogigaFile &file, Report &report)
 {
     if (!file.fields.empty() && file.fields.front() == keyword)
         return true;
@@ -50,7 +50,7 @@ bool startsWith(const std::string &keyword, const OpenFile &file, Report &report
 }
 
 /// Gives the value after the keyword of the current line; false when it is not `keyword`.
-bool valueOf(const std::string &keyword, std::string &value, OpenFile &file, Report &report)
+bool valueOf(const std::string &keyword, std::string &value, GeogigaFile &file, Report &report)
 {
     splitAt(":", file, report);
     if (!startsWith(keyword, file, report))
@@ -60,7 +60,7 @@ bool valueOf(const std::string &keyword, std::string &value, OpenFile &file, Rep
     return true;
 }
 
-bool nextValue(const std::string &keyword, std::string &value, OpenFile &file, Report &report)
+bool nextValue(const std::string &keyword, std::string &value, GeogigaFile &file, Report &report)
 {
     nextLine(file.text, file.line, report);
     return valueOf(keyword, value, file, report);
@@ -82,7 +82,7 @@ std::uint32_t toShotCount(const std::string &text, Report &report)
     }
 }
 
-bool readHeader(OpenFile &file, double &elevation, std::uint32_t &shotCount, Report &report)
+bool readHeader(GeogigaFile &file, double &elevation, std::uint32_t &shotCount, Report &report)
 {
     for (const char *keyword : {"TX_CURVE", "VERSION:"}) {
         nextLine(file.text, file.line, report);
@@ -190,7 +190,7 @@ void extract(TextFile &file, Number &number, Report &report)
 }
 
 /// Fails, with the window going on, where a row is not four numbers.
-void failInRow(const OpenFile &file, const std::string &receiverCount, std::int32_t row,
+void failInRow(const GeogigaFile &file, const std::string &receiverCount, std::int32_t row,
                Report &report)
 {
     const std::string count = quotable(receiverCount);
@@ -206,8 +206,8 @@ void failInRow(const OpenFile &file, const std::string &receiverCount, std::int3
 /// Reads a block's rows: the positions overwrite the first entries of `receivers`, the times are
 /// appended to `times`. From a row on that has something other than numbers, values stay as the row
 /// before left them. Returns whether a receiver was elsewhere before.
-bool readRows(OpenFile &file, const std::string &receiverCount, double elevation, Spread &receivers,
-              std::vector<double> &times, Report &report)
+bool readRows(GeogigaFile &file, const std::string &receiverCount, double elevation,
+              Spread &receivers, std::vector<double> &times, Report &report)
 {
     TextFile &text = file.text;
     const std::int32_t count = toInt(receiverCount);
@@ -302,7 +302,7 @@ void remarkOnLayouts(const std::vector<Layout> &layouts, const Spread &written, 
 }
 
 /// Reads the block of the next shot; false when a line lacks its keyword.
-bool readShot(OpenFile &file, double elevation, TraveltimeSurvey &survey, Spread &receivers,
+bool readShot(GeogigaFile &file, double elevation, TraveltimeSurvey &survey, Spread &receivers,
               std::vector<Layout> &layouts, Report &report)
 {
     // The rest of the previous row's line comes first.
@@ -342,7 +342,7 @@ bool readShot(OpenFile &file, double elevation, TraveltimeSurvey &survey, Spread
     return true;
 }
 
-bool readFile(OpenFile &file, TraveltimeSurvey &survey, Report &report)
+bool readFile(GeogigaFile &file, TraveltimeSurvey &survey, Report &report)
 {
     if (!file.text.isOpen)
         return fail(report, "the file cannot be opened");
@@ -380,7 +380,7 @@ std::int32_t readGeogigaTraveltimes(std::string path, std::vector<ShotTraveltime
 bool readGeogiga(const std::string &path, TraveltimeSurvey &survey, Report &report)
 {
     return attempt(report, [&] {
-        OpenFile file{loadText(path, report)};
+        GeogigaFile file{loadText(path, report)};
         readFile(file, survey, report);
     });
 }

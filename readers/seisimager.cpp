@@ -28,7 +28,7 @@ struct Suspicion
 };
 
 /// The file as it is read, with the current line cut into fields.
-struct OpenFile
+struct SeisImagerFile
 {
     TextFile text;
     std::string line = {};
@@ -62,7 +62,7 @@ Place believe(const Suspicion &suspicion, Report &report)
 
 /// Reads the next line, which must have at least two fields. What goes wrong may show only long
 /// after the line that is the reason for it.
-void readTwoFields(OpenFile &file, Report &report)
+void readTwoFields(SeisImagerFile &file, Report &report)
 {
     const bool isThere = nextLine(file.text, file.line, report);
     splitNumbers(file.line, file.fields, " ", report);
@@ -93,7 +93,7 @@ bool looksLikeTrailer(const std::vector<std::string> &fields)
 }
 
 /// Takes note of the first receiver's line that looks like none.
-void suspect(bool isShot, bool isTrailer, OpenFile &file, const Report &report)
+void suspect(bool isShot, bool isTrailer, SeisImagerFile &file, const Report &report)
 {
     if (file.suspicion.line != 0 || (!isShot && !isTrailer))
         return;
@@ -107,7 +107,7 @@ void suspect(bool isShot, bool isTrailer, OpenFile &file, const Report &report)
 }
 
 /// Reads a shot's line and its receivers' lines into the survey.
-void readShot(OpenFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Report &report)
+void readShot(SeisImagerFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Report &report)
 {
     Progress &progress = file.progress;
     progress.receiverCount.clear();
@@ -144,7 +144,7 @@ void readShot(OpenFile &file, TraveltimeSurvey &survey, SpreadIndex &index, Repo
 }
 
 /// Pickers write zeros after the last shot.
-void remarkOnLinesLeft(const std::string &firstLine, OpenFile &file, Report &report)
+void remarkOnLinesLeft(const std::string &firstLine, SeisImagerFile &file, Report &report)
 {
     const Rest rest = readRest([&](std::string &line) { return nextLine(file.text, line, report); },
                                "0. \t\r", report);
@@ -172,7 +172,7 @@ bool readSeisImager(const std::string &path, TraveltimeSurvey &survey, SpreadInd
                     Report &report)
 {
     return attempt(report, [&] {
-        OpenFile file{loadText(path, report)};
+        SeisImagerFile file{loadText(path, report)};
         if (!file.text.isOpen) {
             fail(report, "the file cannot be opened");
             return;

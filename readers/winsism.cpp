@@ -13,7 +13,7 @@
 namespace {
 
 /// The file as it is read.
-struct OpenFile
+struct WinsismFile
 {
     std::ifstream stream;
     std::string heading = {}; ///< of the section that is being read
@@ -28,7 +28,7 @@ struct Section
 };
 
 /// Fails with the line that the window prints, after the detail that it does not.
-bool refuse(const std::string &detail, const std::string &message, const OpenFile &file,
+bool refuse(const std::string &detail, const std::string &message, const WinsismFile &file,
             Report &report)
 {
     print(report, message + file.heading);
@@ -36,7 +36,7 @@ bool refuse(const std::string &detail, const std::string &message, const OpenFil
     return fail(report, (file.stream ? "" : ending) + detail + ": " + message + file.heading);
 }
 
-void readNextLine(OpenFile &file, std::string &line, Report &report)
+void readNextLine(WinsismFile &file, std::string &line, Report &report)
 {
     readLine(file.stream, line);
     report.place.line += file.stream ? 1 : 0;
@@ -44,14 +44,14 @@ void readNextLine(OpenFile &file, std::string &line, Report &report)
         fail(report, "the file cannot be read to its end", Window::goesOn);
 }
 
-void readFields(OpenFile &file, std::vector<std::string> &fields, Report &report)
+void readFields(WinsismFile &file, std::vector<std::string> &fields, Report &report)
 {
     std::string line;
     readNextLine(file, line, report);
     splitLine(line, fields, " ", report);
 }
 
-bool readHeading(OpenFile &file, const std::string &expected, Report &report)
+bool readHeading(WinsismFile &file, const std::string &expected, Report &report)
 {
     readNextLine(file, file.heading, report);
     return file.heading == expected
@@ -69,7 +69,7 @@ void remarkOnRepeats(std::vector<std::uint32_t> numbers, Report &report)
                    + " is listed more than once: its last value counts");
 }
 
-bool readSection(OpenFile &file, const std::string &expected, Section &section, Report &report)
+bool readSection(WinsismFile &file, const std::string &expected, Section &section, Report &report)
 {
     section = {};
     if (!readHeading(file, expected, report))
@@ -108,7 +108,7 @@ std::map<std::uint32_t, Entry> begin(double Entry::*coordinate, const Section &s
 template <typename Entry>
 bool complete(std::map<std::uint32_t, Entry> &table, double Entry::*coordinate,
               const Section &section, const std::string &countMessage,
-              const std::string &numberMessage, const OpenFile &file, Report &report)
+              const std::string &numberMessage, const WinsismFile &file, Report &report)
 {
     const Place valuesPlace = std::exchange(report.place, section.numbersPlace);
     if (section.numbers.size() != table.size())
@@ -126,7 +126,7 @@ bool complete(std::map<std::uint32_t, Entry> &table, double Entry::*coordinate,
     return true;
 }
 
-bool readTimes(OpenFile &file, TraveltimeSurvey &survey, Report &report)
+bool readTimes(WinsismFile &file, TraveltimeSurvey &survey, Report &report)
 {
     if (!readHeading(file, "FBP times", report))
         return false;
@@ -145,7 +145,7 @@ bool readTimes(OpenFile &file, TraveltimeSurvey &survey, Report &report)
     return true;
 }
 
-bool readSections(OpenFile &file, TraveltimeSurvey &survey, Report &report)
+bool readSections(WinsismFile &file, TraveltimeSurvey &survey, Report &report)
 {
     Section section;
     if (!readSection(file, "Shot number, Shot elevation", section, report))
@@ -173,7 +173,7 @@ bool readSections(OpenFile &file, TraveltimeSurvey &survey, Report &report)
     return true;
 }
 
-void remarkOnLinesLeft(OpenFile &file, Report &report)
+void remarkOnLinesLeft(WinsismFile &file, Report &report)
 {
     const Rest rest = readRest(
         [&](std::string &line) {
@@ -202,7 +202,7 @@ bool readWinsism(const std::string &path, TraveltimeSurvey &survey, Report &repo
     survey.traveltimes.clear();
     report.place = {path};
     return attempt(report, [&] {
-        OpenFile file{openText(path)};
+        WinsismFile file{openText(path)};
         if (!file.stream) {
             print(report, "Cannot open file " + path);
             fail(report, "the file cannot be opened");

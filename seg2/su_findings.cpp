@@ -40,7 +40,7 @@ double sourceOf(const SuHeader &header)
     return scalar == 0.0 ? header.sourceX : header.sourceX * scalar;
 }
 
-std::string number(double value)
+std::string inDigits(double value)
 {
     std::string text;
     appendNumber(text, value);
@@ -102,8 +102,8 @@ void takeHeader(SuFindings &findings, std::size_t trace, const SuHeader &header)
         });
     if (sourceOf(header) != sourceOf(first) || header.sourceY != first.sourceY)
         count(findings.sources, trace, [&] {
-            return "the source is at " + number(sourceOf(header)) + ", that of trace 1 at "
-                   + number(sourceOf(first)) + ", which is written for all; split the record";
+            return "the source is at " + inDigits(sourceOf(header)) + ", that of trace 1 at "
+                   + inDigits(sourceOf(first)) + ", which is written for all; split the record";
         });
     if (header.delay != 0)
         count(findings.delays, trace,

@@ -51,8 +51,8 @@ struct DolangSet : BatchFolder
 };
 
 const std::string bothTracesListing = listingHeading
-                                  + "1    3      5     0.00025     0      0      0\n"
-                                    "2    3      5     0.00025     0      0      0\n";
+                                      + "1    3      5     0.00025     0      0      0\n"
+                                        "2    3      5     0.00025     0      0      0\n";
 
 /// What both traces have in front of their samples.
 const std::string dolangTraceHead = "22 44 98 00 0C 00 00 00 03 00 00 00 04 " + blanks19

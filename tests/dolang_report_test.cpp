@@ -131,21 +131,19 @@ TEST_F(DolangReport, HeaderFieldsThatAreNotWholeNumbers)
     EXPECT_TRUE(convertKind("1 channel\n\n\n0.5\n2,0\n+1000 \n", {"1\n2\n"}));
     EXPECT_EQ(
         report.remarks,
-        (Remarks{
-            noNumber({header, 1}, "\"1 channel\" is read as 1: it is no plain number"),
-            noNumber({header, 4}, "\"0.5\" is read as 0: write a whole number in digits"),
-            noNumber({header, 5}, "\"2,0\" is read as 2: write a decimal point, no comma")}));
+        (Remarks{noNumber({header, 1}, "\"1 channel\" is read as 1: it is no plain number"),
+                 noNumber({header, 4}, "\"0.5\" is read as 0: write a whole number in digits"),
+                 noNumber({header, 5}, "\"2,0\" is read as 2: write a decimal point, no comma")}));
 }
 
 TEST_F(DolangReport, CountsThatWrapAround)
 {
     EXPECT_TRUE(convertKind("4294967297\n\n\n-5\n4294967298\n-1\n", {"1\n2\n"}));
-    EXPECT_EQ(
-        report.remarks,
-        (Remarks{noNumber({header, 1}, "\"4294967297\" is read as 1: it is out of range"),
-                 noNumber({header, 4}, "\"-5\" is read as 4294967291: it is out of range"),
-                 noNumber({header, 5}, "\"4294967298\" is read as 2: it is out of range"),
-                 noNumber({header, 6}, "\"-1\" is read as 4294967295: it is out of range")}));
+    EXPECT_EQ(report.remarks,
+              (Remarks{noNumber({header, 1}, "\"4294967297\" is read as 1: it is out of range"),
+                       noNumber({header, 4}, "\"-5\" is read as 4294967291: it is out of range"),
+                       noNumber({header, 5}, "\"4294967298\" is read as 2: it is out of range"),
+                       noNumber({header, 6}, "\"-1\" is read as 4294967295: it is out of range")}));
     // 32 bits hold this.
     EXPECT_TRUE(convertKind("1\n\n\n4294967295\n1\n4000000000\n", {"1\n"}));
     EXPECT_EQ(report.remarks, Remarks());

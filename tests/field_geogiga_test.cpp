@@ -106,8 +106,8 @@ TEST(FieldGeogiga, WhatHasNoShotsOrReceiversIsRemarkedOn)
               Remarks{"3: there are no shots in this file"});
     const std::string shot = "SEISMIC_DATA_FILE_NAME:a\nSHOT_LOCATION:1\nNUMBER_OF_RECEIVERS:0\n";
     const std::string start = "TX_CURVE\nELEVATION:7\nTOTAL_NUMBER_OF_SHOTS:2\n";
-    for (const char *heading : {"", "No Position Time Channel\n"}) {
-        const PickReading reading = geogigaReading(start + shot + heading + shot + heading);
+    for (const char *row : {"", "No Position Time Channel\n"}) {
+        const PickReading reading = geogigaReading(start + shot + row + shot + heading);
         EXPECT_EQ(reading.failure, "");
         EXPECT_EQ(described(reading.picks), "1,7:; 1,7:; ");
         EXPECT_EQ(reading.remarks.size(), 2U);

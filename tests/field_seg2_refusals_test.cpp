@@ -60,7 +60,8 @@ TEST(FieldSeg2Refusals, TheWholeTracesBeforeADamagedEndAreRead)
         ASSERT_EQ(twoTracesOfSeg2(order).size(), 174U);
         EXPECT_TRUE(readRecord(readSeg2, twoTracesOfSeg2(order)).isRead);
         for (const auto &[size, traces, failure] : cases) {
-            const RecordReading reading = readRecord(readSeg2, twoTracesOfSeg2(order).substr(0, size));
+            const RecordReading reading =
+                readRecord(readSeg2, twoTracesOfSeg2(order).substr(0, size));
             EXPECT_FALSE(reading.isRead) << size;
             EXPECT_EQ(reading.traces.size(), traces) << size;
             EXPECT_EQ(failureOf(reading.report), failure) << size;

@@ -10,7 +10,6 @@
 
 namespace {
 
-
 /// "x elevation time" of each receiver of a file of this text, a line each.
 std::string receiversOf(const std::string &text)
 {

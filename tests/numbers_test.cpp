@@ -19,7 +19,6 @@
 
 namespace {
 
-
 /// Equal with the sign of zero, and NaN equal to NaN.
 bool identical(double a, double b)
 {

@@ -217,12 +217,12 @@ TEST(SeveralSeisImagerFiles, FileThatCannotBeOpenedEndsTheConversionWithOne)
 TEST(SeveralSeisImagerFiles, FileThatCannotBeOpenedIsOneWithOrWithoutARecordAtItsPosition)
 {
     const TemporaryFolder folder;
-    const std::string twoShots = folder.write("a.vs", fileOf(twoSeisImagerShots));
+    const std::string two = folder.write("a.vs", fileOf(twoSeisImagerShots));
     const std::string noShots = folder.write("b.vs", "picks\n0 0\n");
     const std::string missing = folder.path("missing.vs");
     const Failure expected{{missing, 0}, "the file cannot be opened"};
-    expectFilesFail({twoShots, missing, twoShots}, "1", expected);
-    expectFilesFail({noShots, missing, twoShots}, "1", expected);
+    expectFilesFail({two, missing, two}, "1", expected);
+    expectFilesFail({noShots, missing, two}, "1", expected);
 }
 
 TEST(SeveralSeisImagerFiles, NoFileAfterAFailureIsRead)

@@ -13,7 +13,6 @@
 
 namespace {
 
-
 const Spread threeReceivers = {{0.0, 100.0}, {5.0, 100.5}, {10.0, 101.0}};
 
 } // namespace

@@ -13,7 +13,7 @@
 
 namespace {
 
-const std::string survey =
+const std::string surveyText =
     "Line 7\n0 2\n7 4\n0 12\n5 4\n10 8\n20 20\n20 4\n0 30\n10 15\n20 0\n30 15\n";
 
 /// A folder with a survey, in which nothing knows of a display.
@@ -21,7 +21,7 @@ struct Pictures : BatchFolder
 {
     Pictures()
     {
-        write("line.vs", survey);
+        write("line.vs", surveyText);
     }
 
     BatchRun draw(const std::vector<std::string> &arguments) const
@@ -103,7 +103,7 @@ TEST(ViewPictures, PdfHasTextAndSize)
 TEST(ViewPictures, TitleOfOddFileNames)
 {
     const Pictures pictures;
-    pictures.write("<a&b>\xc3\xa9.vs", survey);
+    pictures.write("<a&b>\xc3\xa9.vs", surveyText);
     EXPECT_EQ(pictures.draw({"<a&b>\xc3\xa9.vs", "-o", "line.svg"}), BatchRun{});
     pictures.ask("rsvg-convert", {"line.svg", "-o", "drawn.png"});
     EXPECT_NE(readFile(pictures.path("line.svg"))

@@ -4,17 +4,13 @@
 #include "console/command_line.h"
 #include "console/messages.h"
 #include "field/arguments.h"
-#include "view/colours.h"
-#include "view/pick_plot.h"
-#include "view/record_picks.h"
-#include "view/record_plot.h"
 #include "view/saved_picture.h"
 #include "view/viewed_files.h"
 #include "view/viewer_window.h"
 
-#include <qcustomplot.h>
-
 #include <QApplication>
+#include <QRegularExpression>
+#include <QSize>
 
 namespace {
 
@@ -98,32 +94,6 @@ std::optional<int> parse(int argc, char *argv[], Arguments &arguments)
     return reason.empty() ? std::optional<int>() : refuseUsage(reason);
 }
 
-/// Draws the record with its picks, or else the survey.
-bool draw(QCustomPlot &plot, const ViewedFiles &files, const QSize &size, Report &report)
-{
-    if (files.records.size() > 1)
-        return fail(report, {files.records[1].data->path},
-                    "a picture has one record: give the others pictures of their own");
-    if (files.records.empty()) {
-        PickPlotOptions options;
-        options.palette = paperPalette();
-        options.legendColumns = legendColumnsIn(size, files.picks);
-        drawPicks(plot, files.picks, files.findings, options);
-        return true;
-    }
-    const std::shared_ptr<const RecordData> &record = files.records.front().data;
-    RecordPlotOptions options;
-    options.palette = paperPalette();
-    drawRecord(plot, record, options);
-    const std::vector<RecordPick> picks = picksOn(*record, files.picks);
-    if (picks.empty() && !files.pickPaths.empty())
-        remark(report, RemarkKind::geometry, {record->path},
-               "none of the picks lies on it: their shots or receivers are elsewhere");
-    drawRecordPicks(plot, picks, colourOfFindings(options.palette));
-    showWholeRecord(plot);
-    return true;
-}
-
 int savePicture(const Arguments &arguments)
 {
     ViewedFiles files;
@@ -134,10 +104,8 @@ int savePicture(const Arguments &arguments)
         status = std::max(status, conclude(report, false, ""));
     if (status != converted)
         return status;
-    QCustomPlot plot;
     Report report;
-    if (draw(plot, files, arguments.size, report))
-        savePicture(plot, arguments.request.output, arguments.size, report);
+    savePicture(files, arguments.request.output, arguments.size, report);
     return conclude(report, false, "");
 }
 

@@ -4,7 +4,12 @@
 #include "view/saved_picture.h"
 
 #include "console/whole_file.h"
+#include "view/colours.h"
+#include "view/pick_plot.h"
 #include "view/plot_title.h"
+#include "view/record_picks.h"
+#include "view/record_plot.h"
+#include "view/viewed_files.h"
 
 #include <qcustomplot.h>
 
@@ -59,6 +64,32 @@ bool saveSvg(QCustomPlot &plot, const QString &path, const QSize &size)
     return file.open(QIODevice::WriteOnly) && file.write(svg) == svg.size() && file.flush();
 }
 
+/// Draws the record with its picks, or else the survey.
+bool draw(QCustomPlot &plot, const ViewedFiles &files, const QSize &size, Report &report)
+{
+    if (files.records.size() > 1)
+        return fail(report, {files.records[1].data->path},
+                    "a picture has one record: give the others pictures of their own");
+    if (files.records.empty()) {
+        PickPlotOptions options;
+        options.palette = paperPalette();
+        options.legendColumns = legendColumnsIn(size, files.picks);
+        drawPicks(plot, files.picks, files.findings, options);
+        return true;
+    }
+    const std::shared_ptr<const RecordData> &record = files.records.front().data;
+    RecordPlotOptions options;
+    options.palette = paperPalette();
+    drawRecord(plot, record, options);
+    const std::vector<RecordPick> picks = picksOn(*record, files.picks);
+    if (picks.empty() && !files.pickPaths.empty())
+        remark(report, RemarkKind::geometry, {record->path},
+               "none of the picks lies on it: their shots or receivers are elsewhere");
+    drawRecordPicks(plot, picks, colourOfFindings(options.palette));
+    showWholeRecord(plot);
+    return true;
+}
+
 } // namespace
 
 bool isPicture(const std::string &path)
@@ -83,4 +114,11 @@ bool savePicture(QCustomPlot &plot, const std::string &path, const QSize &size, 
             return isSaved || fail(report, {path}, "the picture cannot be written");
         },
         report);
+}
+
+bool savePicture(const ViewedFiles &files, const std::string &path, const QSize &size,
+                 Report &report)
+{
+    QCustomPlot plot;
+    return draw(plot, files, size, report) && savePicture(plot, path, size, report);
 }

@@ -17,7 +17,7 @@
 
 namespace {
 
-QString fileName(const std::string &path)
+QString nameOf(const std::string &path)
 {
     return QFileInfo(QString::fromStdString(path)).fileName();
 }
@@ -34,7 +34,7 @@ QString openName(const QString &path, const QStringList &open)
 /// A finding in a line that names the file without its folder.
 QString shortLineOf(Finding finding)
 {
-    finding.place.file = fileName(finding.place.file).toStdString();
+    finding.place.file = nameOf(finding.place.file).toStdString();
     return QString::fromStdString(lineOf(finding));
 }
 
@@ -139,7 +139,7 @@ void ViewerWindow::showFiles(ViewedFiles next)
         if (!files.pickPaths.empty())
             ui->tabs->addTab(tr("Picks"));
         for (const ViewedRecord &record : files.records)
-            ui->tabs->addTab(fileName(record.data->path).replace('&', "&&"));
+            ui->tabs->addTab(nameOf(record.data->path).replace('&', "&&"));
         if (ui->tabs->tabText(page) == shown)
             ui->tabs->setCurrentIndex(page);
     }
