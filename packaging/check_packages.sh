@@ -47,6 +47,9 @@ for program in "$usr"/bin/*; do
         2>&1 >/dev/null)
     [ -z "$warnings" ] || fail "$page:" "$warnings"
     zgrep -q "^\.TH.*Convert2Velarix $release\"" "$page" || fail "$page: not of version $release"
+    for file in $(zgrep -o '/usr/share/[^ ]*' "$page"); do
+        [ -e "$scratch$file" ] || fail "$page: $file is not there"
+    done
 done
 
 # Sorts the options that a text names.
