@@ -23,9 +23,9 @@ struct Origin
 /// A receiver that a file lists for a shot with a mark that it was not picked.
 struct NotPicked
 {
-    std::uint32_t record = 0;
-    ReceiverPosition receiver = {};
-    double time = 0.0; ///< seconds, below 0; NaN where the file gives no number
+    std::uint32_t record = 0;       ///< of its shot, from 0
+    ReceiverPosition receiver = {}; ///< metres
+    double time = 0.0;              ///< seconds, below 0; NaN where the file gives no number
     Origin origin = {};
 };
 
@@ -48,7 +48,7 @@ struct PickSurvey
 /// The file and the line of a pick or a shot.
 Place placeOf(const Origin &origin, const PickSurvey &picks);
 
-/// A receiver's line for a shot.
+/// A receiver's line for a shot; its position is in metres.
 struct Pick
 {
     ReceiverPosition receiver = {};
@@ -67,7 +67,7 @@ enum class TimeUnit {
     milliseconds
 };
 
-/// Where a generic file's shot was fired, as a list of shots says.
+/// Where a generic file's shot was fired, in metres, as a list of shots says.
 struct ShotPosition
 {
     std::string file = {};

@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-/// Whether the converter window reads the same survey from a file as this command does.
+/// Whether the converter window reads the same survey from a file as the reader of its format.
 struct WindowVerdict
 {
     bool isSame = false;

@@ -25,6 +25,11 @@ for package in "$packages"/*.deb; do
     [ "$version" = "$(dpkg-deb -f "$package" Version)" ] ||
         fail "$package: packaging/changelog.Debian begins with version $version"
 done
+release=${version%-*}
+documents=$usr/share/doc/convert2velarix
+for file in "$usr"/share/metainfo/*.xml "$documents/CITATION.cff"; do
+    grep -q "version[=:] *\"*$release" "$file" || fail "$file: version $release is not there"
+done
 
 desktop-file-validate "$usr"/share/applications/*.desktop
 appstreamcli validate --no-net "$usr"/share/metainfo/*.xml >"$scratch/appstream" 2>&1 ||
@@ -41,7 +46,36 @@ for program in "$usr"/bin/*; do
     warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" \
         2>&1 >/dev/null)
     [ -z "$warnings" ] || fail "$page:" "$warnings"
+    zgrep -q "^\.TH.*Convert2Velarix $release\"" "$page" || fail "$page: not of version $release"
+    for file in $(zgrep -o '/usr/share/[^ ]*' "$page"); do
+        [ -e "$scratch$file" ] || fail "$page: $file is not there"
+    done
 done
+
+# Sorts the options that a text names.
+options_in() {
+    grep -oE -- '(^|[^[:alnum:]-])--?[a-z][a-z-]*' | tr -cd 'a-z\n-' | sort -u
+}
+
+# The man page and the completion of a command have its options and no others.
+for program in "$usr"/bin/convert2velarix-*; do
+    command=${program##*/}
+    "$program" --help | options_in >"$scratch/options"
+    zcat "$usr/share/man/man1/$command.1.gz" | sed 's/\\-/-/g; s/\\f[A-Z]//g' | options_in |
+        diff "$scratch/options" - >&2 || fail "$command: its man page (>) has other options"
+    grep '^--' "$scratch/options" >"$scratch/long_options"
+    options_in <"$usr/share/bash-completion/completions/$command" | grep '^--' |
+        diff "$scratch/long_options" - >&2 || fail "$command: bash (>) completes other options"
+done
+
+find "$documents" -name '*.sh' -o -name '*.py' >"$scratch/scripts"
+[ ! -s "$scratch/scripts" ] || fail "These run in the sources alone:" "$(cat "$scratch/scripts")"
+find "$documents" -name '*.md' | while read -r page; do
+    grep -oE '\]\([^)#:]+(#[^)]*)?\)' "$page" | sed 's/^](//; s/[#)].*//' | while read -r link; do
+        [ -e "$(dirname "$page")/$link" ] || echo "$page: $link is not there"
+    done
+done >"$scratch/dead_links"
+[ ! -s "$scratch/dead_links" ] || fail "$(cat "$scratch/dead_links")"
 
 # expect_type TYPE FILE: what a desktop takes the file for.
 expect_type() {
@@ -54,7 +88,7 @@ expect_type() {
 
 if [ -e "$usr/share/mime/packages/convert2velarix.xml" ]; then
     XDG_DATA_DIRS=$usr/share update-mime-database "$usr/share/mime"
-    samples=$usr/share/doc/convert2velarix/samples
+    samples=$documents/samples
     expect_type text/x-seisimager-traveltimes "$samples/seisimager/line.vs"
     expect_type text/x-unified-traveltimes "$samples/sgt/line.sgt"
     expect_type application/x-seismic-unix "$samples/seismic_unix/line.su"

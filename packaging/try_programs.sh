@@ -42,6 +42,12 @@ try_field() {
 try_view() {
     "$bin/convert2velarix-view" "$samples/sgt/line.sgt" -o line.png
     expect "beginning of line.png" "$(od -An -c -N4 line.png)" " 211   P   N   G"
+    status=0
+    XDG_CONFIG_HOME=$work/config timeout 2 "$bin/convert2velarix-view" "$samples/sgt/line.sgt" \
+        2>messages || status=$?
+    expect "the window of pictures is open until it is ended: status" "$status" 124
+    expect "opened files that are remembered" \
+        "$(grep -c line.sgt config/Convert2Velarix/convert2velarix-view.conf)" 1
 }
 
 for program in "$bin"/convert2velarix*; do

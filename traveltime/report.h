@@ -15,7 +15,8 @@
 
 // How every conversion reports: it fails at most once, remarks on what the user should know, and
 // prints what the window writes to the standard error stream. Whoever gave the report decides what
-// is shown.
+// is shown. A function that takes a report and returns a bool returns whether the report has no
+// failure, unless it says otherwise.
 
 /// Where something stands in the inputs.
 struct Place
