@@ -40,6 +40,7 @@ END_OF_COMMAND = "\x1e"
 RUN_ELSEWHERE = {
     "./package": ".ci/run",
     "sudo apt install ./build/packages/convert2velarix_*.deb": "./package --check",
+    "cmake --preset release && cmake --build build": "./package and ./run do the same",
     "sudo apt remove convert2velarix": "./package --check",
     "parallel --sshloginfile machines --workdir . --joblog jobs -n 100 convert2velarix-field convert"
     " --to seg2 {} -o seg2 :::: records": "by hand, as it needs other machines",
