@@ -50,7 +50,7 @@ struct DolangSet : BatchFolder
     }
 };
 
-const std::string dolangListing = listingHeading
+const std::string bothTracesListing = listingHeading
                                   + "1    3      5     0.00025     0      0      0\n"
                                     "2    3      5     0.00025     0      0      0\n";
 
@@ -64,7 +64,7 @@ const std::string dolangTraceHead = "22 44 98 00 0C 00 00 00 03 00 00 00 04 " + 
                                       "0A 00 'STACK 1' 00 "
                                       "00 00 ' ' ";
 
-const std::string dolangSeg2 =
+const std::string bothTracesSeg2 =
     bytes("55 3A 00 00 08 00 02 00 01 00 20 01 0A 20 " + blanks18      // 0
           + "54 00 00 00 F8 00 00 00 "                                 // 32
           + fileStrings + "'  ' "                                      // 40
@@ -90,8 +90,8 @@ TEST(BatchDolang, EveryKind)
 {
     const DolangSet set;
     EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}), BatchRun{});
-    EXPECT_EQ(set.listing("ADT"), dolangListing);
-    EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+    EXPECT_EQ(set.listing("ADT"), bothTracesListing);
+    EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
     const std::string oneChannel =
         listingHeading + "1    3      0     0.00025     0      0      0\n";
     EXPECT_EQ(set.listing("CDT"), oneChannel);
@@ -116,7 +116,7 @@ TEST(BatchDolang, SetIsNamedByItsBaseOrAnyHeaderAndConvertedOnce)
         const DolangSet set;
         arguments.insert(arguments.begin(), {"dolang", "--echo"});
         EXPECT_EQ(set.run(arguments), (BatchRun{0, dolangEcho}));
-        EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+        EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
     }
 }
 
@@ -132,7 +132,7 @@ TEST(BatchDolang, ListingThatCannotBeWrittenLeavesTheKindsBefore)
     const DolangSet set;
     fs::create_directory(set.path("tmp_CDT"));
     EXPECT_EQ(set.run({"dolang", "line 1/L"}), (BatchRun{1, "", "tmp_CDT: this is a folder\n"}));
-    EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+    EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
     EXPECT_EQ(set.names(), (Names{"line 1", "tmp_ADT", "tmp_CDT"}));
 }
 
@@ -143,8 +143,8 @@ TEST(BatchDolang, MissingHeaderLeavesTheKindsBefore)
     fs::remove(set.path("line 1/L.RDT"));
     EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}),
               (BatchRun{1, "", "line 1/L.RDT: no such file\n"}));
-    EXPECT_EQ(set.listing("ADT"), dolangListing);
-    EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+    EXPECT_EQ(set.listing("ADT"), bothTracesListing);
+    EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
     EXPECT_EQ(onlyTrace(set.seg2("CDT")), (std::vector<double>{6.0, 7.0, 8.0}));
     EXPECT_EQ(set.listing("RDT"), "older");
     EXPECT_EQ(set.seg2("RDT"), "older");
@@ -158,7 +158,7 @@ TEST(BatchDolang, MissingChannelFileIsNamedItself)
     fs::remove(set.path("line 1/L.C01"));
     EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}),
               (BatchRun{1, "", "line 1/L.C01: " + systemText(ENOENT) + '\n'}));
-    EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+    EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
     for (const std::string kind : {"CDT", "RDT"}) {
         EXPECT_EQ(set.listing(kind), "older");
         EXPECT_EQ(set.seg2(kind), "older");
@@ -191,7 +191,7 @@ TEST(BatchDolang, HeadersThatAreRefusedLeaveTheKindsBefore)
         set.writeOlderOutputs();
         set.write("line 1/L.CDT", header);
         EXPECT_EQ(set.run({"dolang", "line 1/L.ADT"}), (BatchRun{1, "", line + '\n'}));
-        EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+        EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
         for (const std::string kind : {"CDT", "RDT"}) {
             EXPECT_EQ(set.listing(kind), "older") << line;
             EXPECT_EQ(set.seg2(kind), "older") << line;
@@ -219,7 +219,7 @@ TEST(BatchDolang, Remarks)
             set.run({"dolang", "line 1/L", "--strict"}),
             (BatchRun{1, "",
                       line + "\nline 1/L.RDT: nothing is made: --strict takes no remarks\n"}));
-        EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+        EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
         EXPECT_EQ(set.listing("RDT"), "older");
         EXPECT_EQ(set.seg2("RDT"), "older");
         EXPECT_EQ(set.run({"dolang", "line 1/L"}), (BatchRun{0, "", line + '\n'}));
@@ -263,7 +263,7 @@ TEST(BatchDolang, EverySetIsTriedAfterOneFailed)
     const DolangSet set;
     EXPECT_EQ(set.run({"dolang", "missing.RDT", "line 1/L.ADT"}),
               (BatchRun{1, "", "missing.ADT: no such file\n"}));
-    EXPECT_EQ(set.seg2("ADT"), dolangSeg2);
+    EXPECT_EQ(set.seg2("ADT"), bothTracesSeg2);
     EXPECT_EQ(onlyTrace(set.seg2("RDT")), (std::vector<double>{9.0, 10.0, 11.0}));
 }
 

@@ -27,12 +27,6 @@ std::string manyReceiversOtte(std::size_t count)
            + "\n-1;\n100;\n0\n0\n" + repeated("4;", count) + '\n';
 }
 
-/// The name of an output that is not in its place yet.
-bool isPart(const std::string &name)
-{
-    return name.starts_with(".convert2velarix-part-");
-}
-
 constexpr int longLine = 100000; // receivers, so that writing them takes a while
 
 /// The signals that end the runs of expectWholeOutputs in turn.

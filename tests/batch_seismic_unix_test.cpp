@@ -76,12 +76,6 @@ std::string bigEndianFile()
     return trace + trace;
 }
 
-/// The name of an output that is not in its place yet.
-bool isPart(const std::string &name)
-{
-    return name.starts_with(".convert2velarix-part-");
-}
-
 } // namespace
 
 TEST(BatchSeismicUnix, RecordAndListing)

@@ -57,7 +57,7 @@ protected:
     Report report;
 };
 
-Remark notANumber(const Place &place, const std::string &text)
+Remark noNumber(const Place &place, const std::string &text)
 {
     return {RemarkKind::notANumber, place, text};
 }
@@ -132,9 +132,9 @@ TEST_F(DolangReport, HeaderFieldsThatAreNotWholeNumbers)
     EXPECT_EQ(
         report.remarks,
         (Remarks{
-            notANumber({header, 1}, "\"1 channel\" is read as 1: it is no plain number"),
-            notANumber({header, 4}, "\"0.5\" is read as 0: write a whole number in digits"),
-            notANumber({header, 5}, "\"2,0\" is read as 2: write a decimal point, no comma")}));
+            noNumber({header, 1}, "\"1 channel\" is read as 1: it is no plain number"),
+            noNumber({header, 4}, "\"0.5\" is read as 0: write a whole number in digits"),
+            noNumber({header, 5}, "\"2,0\" is read as 2: write a decimal point, no comma")}));
 }
 
 TEST_F(DolangReport, CountsThatWrapAround)
@@ -142,10 +142,10 @@ TEST_F(DolangReport, CountsThatWrapAround)
     EXPECT_TRUE(convertKind("4294967297\n\n\n-5\n4294967298\n-1\n", {"1\n2\n"}));
     EXPECT_EQ(
         report.remarks,
-        (Remarks{notANumber({header, 1}, "\"4294967297\" is read as 1: it is out of range"),
-                 notANumber({header, 4}, "\"-5\" is read as 4294967291: it is out of range"),
-                 notANumber({header, 5}, "\"4294967298\" is read as 2: it is out of range"),
-                 notANumber({header, 6}, "\"-1\" is read as 4294967295: it is out of range")}));
+        (Remarks{noNumber({header, 1}, "\"4294967297\" is read as 1: it is out of range"),
+                 noNumber({header, 4}, "\"-5\" is read as 4294967291: it is out of range"),
+                 noNumber({header, 5}, "\"4294967298\" is read as 2: it is out of range"),
+                 noNumber({header, 6}, "\"-1\" is read as 4294967295: it is out of range")}));
     // 32 bits hold this.
     EXPECT_TRUE(convertKind("1\n\n\n4294967295\n1\n4000000000\n", {"1\n"}));
     EXPECT_EQ(report.remarks, Remarks());
@@ -159,12 +159,12 @@ TEST_F(DolangReport, SamplesThatAreNotWholeNumbers)
     EXPECT_EQ(
         report.remarks,
         (Remarks{
-            notANumber({channel1, 7}, "\"\" is read as 0: it is no plain number"),
-            notANumber({channel1, 8}, "\"1.9\" is read as 1: write a whole number in digits"),
-            notANumber({channel1, 9}, "\"0x10\" is read as 0: it is no plain number"),
-            notANumber({channel1, 10}, "\"2147483648\" is read as -2147483648: it is out of range"),
-            notANumber({channel1, 11}, "\"1 2\" is read as 1: it is no plain number"),
-            notANumber({channel1, 12}, "\"1e3\" is read as 1: write a whole number in digits")}));
+            noNumber({channel1, 7}, "\"\" is read as 0: it is no plain number"),
+            noNumber({channel1, 8}, "\"1.9\" is read as 1: write a whole number in digits"),
+            noNumber({channel1, 9}, "\"0x10\" is read as 0: it is no plain number"),
+            noNumber({channel1, 10}, "\"2147483648\" is read as -2147483648: it is out of range"),
+            noNumber({channel1, 11}, "\"1 2\" is read as 1: it is no plain number"),
+            noNumber({channel1, 12}, "\"1e3\" is read as 1: write a whole number in digits")}));
 }
 
 TEST_F(DolangReport, OfManyRemarksOnAFileTenAreKept)

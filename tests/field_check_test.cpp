@@ -5,8 +5,6 @@
 #include "tests/support/field_seismic_unix.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <gtest/gtest.h>
 
 namespace {
@@ -30,16 +28,11 @@ const std::string sameInWindow =
 const std::string sum = "2 shots, 4 picks, 1 reciprocal pair, median difference 4 ms\n";
 
 /// A record of one trace that is dead.
-std::string record()
+std::string deadRecord()
 {
     return suTrace(ByteOrder::littleEndian,
                    {{8, 1}, {12, 1}, {28, 2}, {70, 1}, {72, -5}, {80, 5}, {116, 250}},
                    {0.0F, 0.0F});
-}
-
-QJsonObject objectOf(const FieldRun &run)
-{
-    return QJsonDocument::fromJson(QByteArray::fromStdString(run.output)).object();
 }
 
 } // namespace
@@ -95,7 +88,7 @@ TEST(FieldCheck, WhatTheWindowReads)
 TEST(FieldCheck, RecordsAreCheckedOneByOne)
 {
     const Survey survey;
-    survey.write("line.su", record());
+    survey.write("line.su", deadRecord());
     const FieldRun run = survey.run({"check", "line.su", "clean.vs", "--strict"});
     EXPECT_EQ(run.status, 1);
     EXPECT_TRUE(run.output.starts_with("line.su: trace 1: ")) << run.output;
@@ -108,7 +101,7 @@ TEST(FieldCheck, RecordsAreCheckedOneByOne)
 TEST(FieldCheck, AFileThatIsRefused)
 {
     const Survey survey;
-    survey.write("line.su", record());
+    survey.write("line.su", deadRecord());
     survey.write("bad.vs", "First breaks, ms\n1 1\n0 2\n5 5\n10 x\n");
     const FieldRun run = survey.run({"check", "a.vs", "bad.vs", "line.su"});
     EXPECT_EQ(run.status, 1);
@@ -119,7 +112,7 @@ TEST(FieldCheck, AFileThatIsRefused)
                                      "1 finding\n"))
         << run.output;
     // A record that is damaged does not keep the picks from it.
-    survey.write("line.su", record().substr(0, 244));
+    survey.write("line.su", deadRecord().substr(0, 244));
     const FieldRun picks = survey.run({"check", "clean.vs", "line.su"});
     EXPECT_EQ(picks.status, 1);
     EXPECT_TRUE(picks.error.starts_with("line.su: ")) << picks.error;
@@ -129,7 +122,7 @@ TEST(FieldCheck, AFileThatIsRefused)
 TEST(FieldCheck, ForPrograms)
 {
     const Survey survey;
-    survey.write("line.su", record());
+    survey.write("line.su", deadRecord());
     const FieldRun run = survey.run({"check", "a.vs", "b.vs", "line.su", "--json", "--strict"});
     EXPECT_EQ(run.status, 1);
     const QJsonObject object = objectOf(run);

@@ -12,16 +12,16 @@
 namespace {
 
 const char heading[] = "shot_x,shot_elevation,receiver_x,receiver_elevation,time\r\n";
-const std::string survey = heading
-                           + std::string("-2.5,100,0,100.5,0.0021\r\n"
-                                         "-2.5,100,5,101.5,0.0105\r\n"
-                                         "12.5,101,0,100.5,0.0152\r\n"
-                                         "12.5,101,5,101.5,0.0081\r\n");
+const std::string csvSurvey = heading
+                              + std::string("-2.5,100,0,100.5,0.0021\r\n"
+                                            "-2.5,100,5,101.5,0.0105\r\n"
+                                            "12.5,101,0,100.5,0.0152\r\n"
+                                            "12.5,101,5,101.5,0.0081\r\n");
 
-const char description[] = "-2.5,100: 0,100.5=0.0021 5,101.5=0.0105; "
-                           "12.5,101: 0,100.5=0.0152 5,101.5=0.0081; ";
+const char csvDescription[] = "-2.5,100: 0,100.5=0.0021 5,101.5=0.0105; "
+                              "12.5,101: 0,100.5=0.0152 5,101.5=0.0081; ";
 
-PickReading read(const std::string &text)
+PickReading csvReading(const std::string &text)
 {
     return readPicks(readCsvPicks, text);
 }
@@ -30,10 +30,10 @@ PickReading read(const std::string &text)
 
 TEST(FieldCsv, ReadsASurvey)
 {
-    const PickReading reading = read(survey);
+    const PickReading reading = csvReading(csvSurvey);
     EXPECT_EQ(reading.failure, "");
     EXPECT_EQ(reading.remarks, Remarks{});
-    EXPECT_EQ(described(reading.picks), description);
+    EXPECT_EQ(described(reading.picks), csvDescription);
     EXPECT_EQ(linesOf(reading.picks), "2: 2 3; 4: 4 5; ");
     EXPECT_EQ(reading.picks.survey.spreads.size(), 1U);
 }
@@ -41,43 +41,44 @@ TEST(FieldCsv, ReadsASurvey)
 TEST(FieldCsv, WritesTheFileThatItWasReadFrom)
 {
     Remarks remarks;
-    EXPECT_EQ(written(writeCsvPicks, read(survey).picks, &remarks), survey);
+    EXPECT_EQ(written(writeCsvPicks, csvReading(csvSurvey).picks, &remarks), csvSurvey);
     EXPECT_EQ(remarks, Remarks{});
 }
 
 TEST(FieldCsv, ColumnsAreFoundByTheirNames)
 {
-    EXPECT_EQ(described(read("station,TIME,Receiver_X,receiver_elevation,note,shot_x , "
-                             "shot_elevation\n"
-                             "1,0.0021,0,100.5,,-2.5,100\n"
-                             "2,0.0105,5,101.5,\"clear, strong\",-2.5,100\n"
-                             "1,0.0152,0,100.5,\"a \"\"break\"\"\",12.5,101\n"
-                             "2,0.0081,5,101.5,x,12.5,101\n")
+    EXPECT_EQ(described(csvReading("station,TIME,Receiver_X,receiver_elevation,note,shot_x , "
+                                   "shot_elevation\n"
+                                   "1,0.0021,0,100.5,,-2.5,100\n"
+                                   "2,0.0105,5,101.5,\"clear, strong\",-2.5,100\n"
+                                   "1,0.0152,0,100.5,\"a \"\"break\"\"\",12.5,101\n"
+                                   "2,0.0081,5,101.5,x,12.5,101\n")
                             .picks),
-              description);
+              csvDescription);
 }
 
 TEST(FieldCsv, QuotedFieldsMayHaveAnythingInThem)
 {
-    const PickReading reading = read("\"shot_x\",shot_elevation,receiver_x,receiver_elevation,"
-                                     "\"note\ntime\",time\n"
-                                     "-2.5,100,0,100.5,\"one\n# two\n\nthree\",0.0021\n"
-                                     "\"-2.5\",100,5,101.5,\"\"\"\",0.0105\n"
-                                     "12.5,101,0,100.5,\"\",0.0152\n"
-                                     "12.5,101,\" 5 \",101.5,\",\",\"0.0081\"\n");
+    const PickReading reading =
+        csvReading("\"shot_x\",shot_elevation,receiver_x,receiver_elevation,"
+                   "\"note\ntime\",time\n"
+                   "-2.5,100,0,100.5,\"one\n# two\n\nthree\",0.0021\n"
+                   "\"-2.5\",100,5,101.5,\"\"\"\",0.0105\n"
+                   "12.5,101,0,100.5,\"\",0.0152\n"
+                   "12.5,101,\" 5 \",101.5,\",\",\"0.0081\"\n");
     EXPECT_EQ(reading.failure, "");
-    EXPECT_EQ(described(reading.picks), description);
+    EXPECT_EQ(described(reading.picks), csvDescription);
     EXPECT_EQ(linesOf(reading.picks), "3: 3 7; 8: 8 9; ");
 }
 
 TEST(FieldCsv, SemicolonsOrTabsMaySeparateTheFields)
 {
     for (const char delimiter : {';', '\t'}) {
-        std::string text = survey;
+        std::string text = csvSurvey;
         for (char &character : text)
             character = character == ',' ? delimiter : character == '.' ? ',' : character;
-        const PickReading reading = read(text);
-        EXPECT_EQ(described(reading.picks), description);
+        const PickReading reading = csvReading(text);
+        EXPECT_EQ(described(reading.picks), csvDescription);
         EXPECT_EQ(reading.remarks,
                   Remarks{"2: 12 numbers with a decimal comma, of which the first is \"-2,5\""});
     }
@@ -89,7 +90,7 @@ TEST(FieldCsv, ErrorsArePassedOn)
                              "-2.5,100,0,100.5,0.0021,0.0001\r\n"
                              "-2.5,100,5,101.5,0.0105,\r\n"
                              "12.5,101,0,100.5,0.0152,\r\n";
-    const PickReading reading = read(text);
+    const PickReading reading = csvReading(text);
     EXPECT_EQ(described(reading.picks), "-2.5,100: 0,100.5=0.0021+-0.0001 5,101.5=0.0105+-nan; "
                                         "12.5,101: 0,100.5=0.0152; ");
     EXPECT_EQ(written(writeCsvPicks, reading.picks), text);
@@ -97,29 +98,31 @@ TEST(FieldCsv, ErrorsArePassedOn)
 
 TEST(FieldCsv, RowsOfAShotMayStandAnywhere)
 {
-    EXPECT_EQ(described(read(heading
+    EXPECT_EQ(
+        described(csvReading(heading
                              + std::string("-2.5,100,0,100.5,0.0021\n12.5,101,0,100.5,0.0152\n"
                                            "# the second geophone\n\n"
                                            "-2.5,100,5,101.5,0.0105\n12.5,101,5,101.5,0.0081\n"))
-                            .picks),
-              description);
+                      .picks),
+        csvDescription);
 }
 
 TEST(FieldCsv, OneMoreRowOfAReceiverBeginsAnotherShot)
 {
     EXPECT_EQ(
-        described(read(heading + std::string("-2.5,100,0,100.5,0.0021\n-2.5,100,0,100.5,0.0022\n"))
-                      .picks),
+        described(
+            csvReading(heading + std::string("-2.5,100,0,100.5,0.0021\n-2.5,100,0,100.5,0.0022\n"))
+                .picks),
         "-2.5,100: 0,100.5=0.0021; -2.5,100: 0,100.5=0.0022; ");
 }
 
 TEST(FieldCsv, ReceiversThatWereNotPickedAreLeftOut)
 {
     const std::string notPicked = ": not picked, so the receiver is left out of this shot";
-    const PickReading reading = read(heading
-                                     + std::string("-2.5,100,0,100.5,0.0021\n-2.5,100,1,1,\n"
-                                                   "-2.5,100,2,1,-1\n-2.5,100,3,1,nan\n"
-                                                   "-2.5,100,5,101.5,0.0105\n"));
+    const PickReading reading = csvReading(heading
+                                           + std::string("-2.5,100,0,100.5,0.0021\n-2.5,100,1,1,\n"
+                                                         "-2.5,100,2,1,-1\n-2.5,100,3,1,nan\n"
+                                                         "-2.5,100,5,101.5,0.0105\n"));
     EXPECT_EQ(described(reading.picks), "-2.5,100: 0,100.5=0.0021 5,101.5=0.0105; ");
     EXPECT_EQ(reading.remarks, (Remarks{"3: no time" + notPicked, "4: a time of \"-1\"" + notPicked,
                                         "5: a time of \"nan\"" + notPicked}));
@@ -152,12 +155,12 @@ TEST(FieldCsv, WhatCannotBeUnderstoodIsRefused)
              {"shot_x,shot_elevation,receiver_x,receiver_elevation,time,err\n1,2,3,4,5,some\n",
               "2: \"some\" is no number: err expected"},
          })
-        EXPECT_EQ(read(text).failure, failure) << text;
+        EXPECT_EQ(csvReading(text).failure, failure) << text;
 }
 
 TEST(FieldCsv, AFileWithoutRowsHasNoShots)
 {
-    const PickReading reading = read(heading);
+    const PickReading reading = csvReading(heading);
     EXPECT_EQ(reading.failure, "");
     EXPECT_EQ(described(reading.picks), "");
     EXPECT_EQ(reading.remarks, Remarks{"1: there are no shots in this file"});
@@ -165,7 +168,7 @@ TEST(FieldCsv, AFileWithoutRowsHasNoShots)
 
 TEST(FieldCsv, WhatBecomesOneShotIsRemarkedOn)
 {
-    PickSurvey picks = read(survey).picks;
+    PickSurvey picks = csvReading(csvSurvey).picks;
     addShot(picks, {-2.5, 100.0, ""}, {"line", 20}, {{{5.0, 101.5}, 0.01, 21}});
     Remarks remarks;
     written(writeCsvPicks, picks, &remarks);

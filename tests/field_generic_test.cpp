@@ -11,9 +11,9 @@
 
 namespace {
 
-const char description[] = "-2.5,100: 0,100.5=0.0125 5,101=0.025; ";
+const char genericDescription[] = "-2.5,100: 0,100.5=0.0125 5,101=0.025; ";
 
-PickReading read(const std::string &text, const PickOptions &options = {})
+PickReading genericReading(const std::string &text, const PickOptions &options = {})
 {
     return readPicks(readGenericPicks, text, options);
 }
@@ -36,10 +36,10 @@ PickReading readListed(const std::string &text)
 
 TEST(FieldGeneric, TakesTheShotFromAFirstRowOfTwoFields)
 {
-    const PickReading reading = read("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n");
+    const PickReading reading = genericReading("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n");
     EXPECT_EQ(reading.failure, "");
     EXPECT_EQ(reading.remarks, Remarks{});
-    EXPECT_EQ(described(reading.picks), description);
+    EXPECT_EQ(described(reading.picks), genericDescription);
     EXPECT_EQ(linesOf(reading.picks), "1: 2 3; ");
 }
 
@@ -47,13 +47,14 @@ TEST(FieldGeneric, TakesTheShotFromAListOfShots)
 {
     const PickReading reading = readListed("\n0;100.5;0.0125\n5;101;0.025\n");
     EXPECT_EQ(reading.failure, "");
-    EXPECT_EQ(described(reading.picks), description);
+    EXPECT_EQ(described(reading.picks), genericDescription);
     EXPECT_EQ(linesOf(reading.picks), "1: 2 3; ");
 }
 
 TEST(FieldGeneric, TheListAndTheFirstRowMustAgree)
 {
-    EXPECT_EQ(described(readListed("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n").picks), description);
+    EXPECT_EQ(described(readListed("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n").picks),
+              genericDescription);
     EXPECT_EQ(
         readListed("-2;100\n0;100.5;0.0125\n").failure,
         "1: the shot is at x -2, elevation 100 here, but at x -2.5, elevation 100 in the list "
@@ -67,11 +68,11 @@ TEST(FieldGeneric, AShotThatIsNowhereIsRefused)
 {
     const char failure[] = "the shot's position is not known: list the file with --shots, in a "
                            "line \"file;x;elevation\", or let a first row of two fields say it";
-    EXPECT_EQ(read("0;100.5;0.0125\n5;101;0.025\n").failure, failure);
+    EXPECT_EQ(genericReading("0;100.5;0.0125\n5;101;0.025\n").failure, failure);
     const TemporaryFolder folder;
     PickOptions options;
     options.shotPositions = {{folder.write("line", "0;1;2\n"), -2.5, 100.0}};
-    EXPECT_EQ(read("0;100.5;0.0125\n5;101;0.025\n", options).failure, failure);
+    EXPECT_EQ(genericReading("0;100.5;0.0125\n5;101;0.025\n", options).failure, failure);
 }
 
 TEST(FieldGeneric, FieldsMayBeApartInFourWays)
@@ -88,27 +89,29 @@ TEST(FieldGeneric, FieldsMayBeApartInFourWays)
              "-2.5,100\n0,100.5,0.0125\n5,101,0.025\n",
              "-2.5, 100\n0, 100.5 , 0.0125\n5,\t101,0.025\n",
          }) {
-        const PickReading reading = read(text);
+        const PickReading reading = genericReading(text);
         EXPECT_EQ(reading.failure, "") << text;
         EXPECT_EQ(reading.remarks, Remarks{}) << text;
-        EXPECT_EQ(described(reading.picks), description) << text;
+        EXPECT_EQ(described(reading.picks), genericDescription) << text;
     }
 }
 
 TEST(FieldGeneric, HeadingsBeforeTheReceiversAreSkipped)
 {
-    const PickReading reading = read("x (m);elevation;t\n-2.5;100\nReceivers and times\n"
-                                     "0;100.5;0.0125\n5;101;0.025\n");
-    EXPECT_EQ(described(reading.picks), description);
+    const PickReading reading = genericReading("x (m);elevation;t\n-2.5;100\nReceivers and times\n"
+                                               "0;100.5;0.0125\n5;101;0.025\n");
+    EXPECT_EQ(described(reading.picks), genericDescription);
     EXPECT_EQ(reading.remarks, (Remarks{"1: a heading, \"x (m);elevation;t\": not read",
                                         "3: a heading, \"Receivers and times\": not read"}));
     // The heading's blanks and commas separate no numbers.
-    EXPECT_EQ(described(read("x, z and t\n-2.5;100\n0;100.5;0.0125\n5;101;0.025\n").picks),
-              description);
-    EXPECT_EQ(described(read("x;z\n-2.5 100\n0 100.5 0.0125\n5 101 0.025\n").picks), description);
-    EXPECT_EQ(read("-2.5;100\n0;100.5;0.0125\nx;z;t\n").failure,
+    EXPECT_EQ(
+        described(genericReading("x, z and t\n-2.5;100\n0;100.5;0.0125\n5;101;0.025\n").picks),
+        genericDescription);
+    EXPECT_EQ(described(genericReading("x;z\n-2.5 100\n0 100.5 0.0125\n5 101 0.025\n").picks),
+              genericDescription);
+    EXPECT_EQ(genericReading("-2.5;100\n0;100.5;0.0125\nx;z;t\n").failure,
               "3: \"x\" is no number: the receiver's x expected");
-    EXPECT_EQ(read("x 1;z\n-2.5;100\n0;100.5;0.0125\n").failure,
+    EXPECT_EQ(genericReading("x 1;z\n-2.5;100\n0;100.5;0.0125\n").failure,
               "1: \"x 1\" is no number: the shot's x expected");
 }
 
@@ -116,10 +119,11 @@ TEST(FieldGeneric, TimesMayBeInMilliseconds)
 {
     PickOptions options;
     options.timesIn = TimeUnit::milliseconds;
-    EXPECT_EQ(described(read("-2.5;100\n0;100.5;12.5\n5;101;25\n", options).picks), description);
+    EXPECT_EQ(described(genericReading("-2.5;100\n0;100.5;12.5\n5;101;25\n", options).picks),
+              genericDescription);
     options.timesIn = TimeUnit::seconds;
-    EXPECT_EQ(described(read("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n", options).picks),
-              description);
+    EXPECT_EQ(described(genericReading("-2.5;100\n0;100.5;0.0125\n5;101;0.025\n", options).picks),
+              genericDescription);
 }
 
 TEST(FieldGeneric, ReceiversThatWereNotPickedAreLeftOut)
@@ -138,19 +142,20 @@ TEST(FieldGeneric, ReceiversThatWereNotPickedAreLeftOut)
              {"3;100;*", "3: a time of \"*\"" + notPicked},
          }) {
         const PickReading reading =
-            read("-2.5;100\n0;100.5;0.0125\n" + std::string(row) + "\n5;101;0.025\n");
-        EXPECT_EQ(described(reading.picks), description) << row;
+            genericReading("-2.5;100\n0;100.5;0.0125\n" + std::string(row) + "\n5;101;0.025\n");
+        EXPECT_EQ(described(reading.picks), genericDescription) << row;
         EXPECT_EQ(reading.remarks, Remarks{remark}) << row;
     }
 }
 
 TEST(FieldGeneric, ATabAtTheEndMayStandBeforeATimeThatIsMissing)
 {
-    EXPECT_EQ(described(read("-2.5\t100\n0\t100.5\t0.0125\n3\t100\t\n5\t101\t0.025\n").picks),
-              description);
+    EXPECT_EQ(
+        described(genericReading("-2.5\t100\n0\t100.5\t0.0125\n3\t100\t\n5\t101\t0.025\n").picks),
+        genericDescription);
     EXPECT_EQ(described(readListed("3\t100\t\n0\t100.5\t0.0125\n5\t101\t0.025\n").picks),
-              description);
-    EXPECT_EQ(read("-2.5\t100\n0\t100.5\t0.0125\n3\t100\n").failure,
+              genericDescription);
+    EXPECT_EQ(genericReading("-2.5\t100\n0\t100.5\t0.0125\n3\t100\n").failure,
               "3: 2 fields: a receiver's x, its elevation and its time expected");
 }
 
@@ -158,13 +163,15 @@ TEST(FieldGeneric, AFieldThatMayBeMissingBetweenBlanksIsRefused)
 {
     for (const char *rows :
          {"0\t100.5\t0.0125\t1\n3\t\t0.025\t1\n", "0  100.5  0.0125 1\n3         0.025  1\n"})
-        EXPECT_EQ(read("-2.5 100\n" + std::string(rows)).failure,
+        EXPECT_EQ(genericReading("-2.5 100\n" + std::string(rows)).failure,
                   "3: 3 fields, where other rows have 4 numbers: is one missing?");
-    EXPECT_EQ(read("-2,5 100\n0  100,5  0,0125 1\n3         0,025  1\n").failure,
+    EXPECT_EQ(genericReading("-2,5 100\n0  100,5  0,0125 1\n3         0,025  1\n").failure,
               "3: 3 fields, where other rows have 4 numbers: is one missing?");
     // A note in some rows is no number.
-    EXPECT_EQ(described(read("-2.5 100\n0 100.5 0.0125 clear first break\n5 101 0.025\n").picks),
-              description);
+    EXPECT_EQ(
+        described(
+            genericReading("-2.5 100\n0 100.5 0.0125 clear first break\n5 101 0.025\n").picks),
+        genericDescription);
 }
 
 TEST(FieldGeneric, DecimalCommasAreReadWhereTheyCanMeanNothingElse)
@@ -173,37 +180,39 @@ TEST(FieldGeneric, DecimalCommasAreReadWhereTheyCanMeanNothingElse)
     for (const char *text :
          {"-2,5;100\n0;100,5;0,0125\n5;101;0,025\n", "-2,5 100\n0 100,5 0,0125\n5 101 0,025\n",
           "-2,5\t100\n0\t100,5\t0,0125\n5\t101\t0,025\n"}) {
-        const PickReading reading = read(text);
-        EXPECT_EQ(described(reading.picks), description) << text;
+        const PickReading reading = genericReading(text);
+        EXPECT_EQ(described(reading.picks), genericDescription) << text;
         EXPECT_EQ(reading.remarks, Remarks{remark}) << text;
     }
-    EXPECT_EQ(read("-2.5;100\n0;100,5;0,0125\n").failure,
+    EXPECT_EQ(genericReading("-2.5;100\n0;100,5;0,0125\n").failure,
               "2: \"100,5\" has a comma and \"-2.5\" in line 1 a point: write a decimal point in "
               "every number");
-    EXPECT_EQ(read("1;2\n0;1,250;12\n").failure,
+    EXPECT_EQ(genericReading("1;2\n0;1,250;12\n").failure,
               "2: \"1,250\" has a comma that may part thousands: write a decimal point");
 }
 
 TEST(FieldGeneric, DecimalCommasBetweenCommasAreRefused)
 {
-    EXPECT_EQ(read("1,2\n0,100,5,0,0125\n").failure,
+    EXPECT_EQ(genericReading("1,2\n0,100,5,0,0125\n").failure,
               "2: more than three fields and no decimal point: if these are decimal commas, put "
               "\";\" between the fields");
     // The first row could be that of the shot, too.
-    EXPECT_EQ(read("1,5,100\n0,5,100,5,0,0125\n").failure,
+    EXPECT_EQ(genericReading("1,5,100\n0,5,100,5,0,0125\n").failure,
               "2: more than three fields and no decimal point: if these are decimal commas, put "
               "\";\" between the fields");
-    EXPECT_EQ(described(read("1,2\n0,100,12\n").picks), "1,2: 0,100=12; ");
+    EXPECT_EQ(described(genericReading("1,2\n0,100,12\n").picks), "1,2: 0,100=12; ");
 }
 
 TEST(FieldGeneric, FieldsAfterTheTimeAreRemarkedOnOnce)
 {
-    const PickReading reading = read("-2.5;100\n0;100.5;0.0125\n3;100;-1;bad\n5;101;0.025;good\n");
-    EXPECT_EQ(described(reading.picks), description);
+    const PickReading reading =
+        genericReading("-2.5;100\n0;100.5;0.0125\n3;100;-1;bad\n5;101;0.025;good\n");
+    EXPECT_EQ(described(reading.picks), genericDescription);
     EXPECT_EQ(reading.remarks.back(),
               "3: more than three fields, here first: those after the time are not read");
     EXPECT_EQ(reading.remarks.size(), 2U);
-    EXPECT_EQ(described(read("-2.5,100\n0,100.5,0.0125,a\n5,101,0.025\n").picks), description);
+    EXPECT_EQ(described(genericReading("-2.5,100\n0,100.5,0.0125,a\n5,101,0.025\n").picks),
+              genericDescription);
 }
 
 TEST(FieldGeneric, WhatCannotBeUnderstoodIsRefused)
@@ -229,7 +238,7 @@ TEST(FieldGeneric, WhatCannotBeUnderstoodIsRefused)
              {"1 2\n0 100 0.01\n5, 100, 0.01\n",
               "3: \"5,\" is no number: the receiver's x expected"},
          })
-        EXPECT_EQ(read(text).failure, failure) << text;
+        EXPECT_EQ(genericReading(text).failure, failure) << text;
     EXPECT_EQ(readListed("# nothing\n").failure,
               "1: the file ends where rows of receivers are expected");
 }

@@ -5,8 +5,6 @@
 #include "tests/support/field_seismic_unix.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <gtest/gtest.h>
 
 namespace {
@@ -17,7 +15,7 @@ const std::string table =
     "-2.5,100,0,100,0.0123,0.001\n-2.5,100,5,101.5,0.02,\n7,101,0,100,0.03,\n";
 
 /// Two traces, the second dead and longer, of shot 329.
-std::string record(ByteOrder byteOrder)
+std::string recordOfShot329(ByteOrder byteOrder)
 {
     const std::map<std::size_t, std::int32_t> fields = {
         {8, 329},   {12, 1},    {28, 1},   {40, 1015}, {44, 1020}, {68, -10},
@@ -29,11 +27,6 @@ std::string record(ByteOrder byteOrder)
     second[80] = 1000;
     return suTrace(byteOrder, fields, {1.5F, -2.5F})
            + suTrace(byteOrder, second, {0.0F, 0.0F, 0.0F});
-}
-
-QJsonObject objectOf(const FieldRun &run)
-{
-    return QJsonDocument::fromJson(QByteArray::fromStdString(run.output)).object();
 }
 
 QJsonObject range(double least, double greatest)
@@ -96,7 +89,7 @@ TEST(FieldInfo, RecordsInEitherByteOrder)
     for (const ByteOrder byteOrder : {ByteOrder::littleEndian, ByteOrder::bigEndian}) {
         const std::string name = byteOrder == ByteOrder::bigEndian ? "big-endian" : "little-endian";
         const FieldFolder folder;
-        folder.write("line.su", record(byteOrder));
+        folder.write("line.su", recordOfShot329(byteOrder));
         EXPECT_EQ(folder.run({"info", "line.su"}),
                   (FieldRun{0,
                             "line.su:\n"
@@ -155,7 +148,7 @@ TEST(FieldInfo, ATextHasNoByteOrder)
 TEST(FieldInfo, RecordsForPrograms)
 {
     const FieldFolder folder;
-    folder.write("line.su", record(ByteOrder::bigEndian));
+    folder.write("line.su", recordOfShot329(ByteOrder::bigEndian));
     const QJsonObject info = objectOf(folder.run({"info", "--json", "line.su"}));
     const QJsonObject sources = {{"traces", 2},
                                  {"locations", 1},
@@ -218,7 +211,7 @@ TEST(FieldInfo, AFileThatIsRefusedDoesNotEndIt)
 TEST(FieldInfo, TheTracesBeforeADamagedEnd)
 {
     const FieldFolder folder;
-    folder.write("line.su", record(ByteOrder::bigEndian).substr(0, 248 + 100));
+    folder.write("line.su", recordOfShot329(ByteOrder::bigEndian).substr(0, 248 + 100));
     const FieldRun run = folder.run({"info", "line.su"});
     EXPECT_EQ(run.status, 1);
     EXPECT_NE(run.output.find("  traces       1\n"), std::string::npos) << run.output;

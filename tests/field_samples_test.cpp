@@ -22,7 +22,7 @@ std::string sample(const std::string &name)
     return SAMPLES_FOLDER "/" + name;
 }
 
-PickSurvey survey(ReadPicks *read, const std::string &name)
+PickSurvey surveyIn(ReadPicks *read, const std::string &name)
 {
     PickSurvey picks;
     Report report;
@@ -52,13 +52,13 @@ TEST(FieldSamples, HoldOneSurvey)
     const std::string expected = described(genericSurvey());
     EXPECT_EQ(expected.substr(0, 60),
               "-5,212.15: 0,212.3=0.01 5,212.45=0.02 10,212.6=0.03 15,212.7");
-    EXPECT_EQ(described(survey(readWinsismPicks, "winsism/line_with_times.xyz")), expected);
-    EXPECT_EQ(described(survey(readSgtPicks, "sgt/line.sgt")), expected);
+    EXPECT_EQ(described(surveyIn(readWinsismPicks, "winsism/line_with_times.xyz")), expected);
+    EXPECT_EQ(described(surveyIn(readSgtPicks, "sgt/line.sgt")), expected);
 }
 
 TEST(FieldSamples, TopographyGivesElevationsWhereThereAreNone)
 {
-    PickSurvey picks = survey(readSeisImagerPicks, "seisimager/line.vs");
+    PickSurvey picks = surveyIn(readSeisImagerPicks, "seisimager/line.vs");
     Report report;
     EXPECT_TRUE(applyTopography(sample("topography/topography.txt"), picks, report));
     EXPECT_TRUE(report.remarks.empty());
@@ -74,7 +74,7 @@ TEST(FieldSamples, AreWrittenAsTheyAre)
 {
     EXPECT_EQ(written(writeSgtPicks, genericSurvey()), readFile(sample("sgt/line.sgt")));
     EXPECT_EQ(written(writeOttePicks, genericSurvey()), readFile(dataFile("generic.otte")));
-    EXPECT_EQ(written(writeOttePicks, survey(readSeisImagerPicks, "seisimager/line.vs")),
+    EXPECT_EQ(written(writeOttePicks, surveyIn(readSeisImagerPicks, "seisimager/line.vs")),
               readFile(dataFile("seisimager.otte")));
 }
 

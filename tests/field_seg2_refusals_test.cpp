@@ -13,7 +13,7 @@ namespace {
 using Texts = std::vector<std::string>;
 
 /// Two traces of two samples: pointers at byte 32, no strings at 40, traces at 42 and 108.
-std::string twoTraces(ByteOrder byteOrder = ByteOrder::littleEndian)
+std::string twoTracesOfSeg2(ByteOrder byteOrder = ByteOrder::littleEndian)
 {
     return seg2File({.byteOrder = byteOrder}, {},
                     {floatTrace({"SAMPLE_INTERVAL 0.001"}, {1.0F, 2.0F}, byteOrder),
@@ -57,10 +57,10 @@ TEST(FieldSeg2Refusals, TheWholeTracesBeforeADamagedEndAreRead)
         {0, 0, "the file is empty"},
     };
     for (const ByteOrder order : {ByteOrder::littleEndian, ByteOrder::bigEndian}) {
-        ASSERT_EQ(twoTraces(order).size(), 174U);
-        EXPECT_TRUE(readRecord(readSeg2, twoTraces(order)).isRead);
+        ASSERT_EQ(twoTracesOfSeg2(order).size(), 174U);
+        EXPECT_TRUE(readRecord(readSeg2, twoTracesOfSeg2(order)).isRead);
         for (const auto &[size, traces, failure] : cases) {
-            const RecordReading reading = readRecord(readSeg2, twoTraces(order).substr(0, size));
+            const RecordReading reading = readRecord(readSeg2, twoTracesOfSeg2(order).substr(0, size));
             EXPECT_FALSE(reading.isRead) << size;
             EXPECT_EQ(reading.traces.size(), traces) << size;
             EXPECT_EQ(failureOf(reading.report), failure) << size;
@@ -70,12 +70,12 @@ TEST(FieldSeg2Refusals, TheWholeTracesBeforeADamagedEndAreRead)
 
 TEST(FieldSeg2Refusals, ATraceThatIsNotWhereItShouldBe)
 {
-    EXPECT_EQ(refusalOf(with(twoTraces(), 108, "xx")),
+    EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 108, "xx")),
               "at byte 108, where trace 2 should begin, is no trace: only the 1 whole trace before "
               "it can be read");
-    EXPECT_EQ(refusalOf(with(twoTraces(), 32, std::string(4, '\0'))),
+    EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 32, std::string(4, '\0'))),
               "at byte 0, where trace 1 should begin, is no trace: no whole trace can be read");
-    EXPECT_EQ(refusalOf(with(twoTraces(), 36, std::string(4, '\xFF'))),
+    EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 36, std::string(4, '\xFF'))),
               "the file ends before trace 2: only the 1 whole trace before it can be read");
 }
 
@@ -83,22 +83,22 @@ TEST(FieldSeg2Refusals, OfTheWholeFile)
 {
     using namespace std::string_literals;
     const std::string id = "this is no SEG2: it does not begin with 55 3A or 3A 55";
-    EXPECT_EQ(refusalOf(with(twoTraces(), 0, "\x55\x55")), id);
+    EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 0, "\x55\x55")), id);
     EXPECT_EQ(refusalOf(std::string(32, ' ')), id);
-    EXPECT_EQ(refusalOf(with(twoTraces(), 2, "\2"s)),
+    EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 2, "\2"s)),
               "this is SEG2 of revision 2: only 0 and 1 are known");
-    EXPECT_EQ(refusalOf(with(twoTraces(), 6, "\0"s)), "the file says that it has no traces");
-    EXPECT_EQ(refusalOf(with(twoTraces(), 6, "\3"s)),
+    EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 6, "\0"s)), "the file says that it has no traces");
+    EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 6, "\3"s)),
               "the pointers to 3 traces take 12 bytes, but the file gives them 8");
     for (const std::string &distance : {"\1\0"s, "\3\0"s, "\xFF\xFF"s})
-        EXPECT_EQ(refusalOf(with(twoTraces(), 40, distance)),
+        EXPECT_EQ(refusalOf(with(twoTracesOfSeg2(), 40, distance)),
                   "the strings of the file reach beyond their block");
 }
 
 TEST(FieldSeg2Refusals, OfATrace)
 {
     using namespace std::string_literals;
-    const std::string file = twoTraces();
+    const std::string file = twoTracesOfSeg2();
     // The second trace's fields are at bytes 108 (id), 110 (size of its descriptor), 112 (of its
     // data), 116 (samples) and 120 (format code), its string is at 140.
     EXPECT_EQ(refusalOf(with(file, 110, "\x1F"s)),

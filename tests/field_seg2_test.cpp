@@ -14,8 +14,6 @@ using Texts = std::vector<std::string>;
 using Floats = std::vector<float>;
 using Ints = std::vector<std::int32_t>;
 
-const ByteOrder bothOrders[] = {ByteOrder::littleEndian, ByteOrder::bigEndian};
-
 /// What is read of a file with this trace alone.
 RecordReading readTrace(const Seg2TraceBytes &trace, const Seg2Layout &layout = {},
                         const Texts &strings = {})

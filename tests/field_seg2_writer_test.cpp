@@ -18,8 +18,6 @@ namespace {
 using Texts = std::vector<std::string>;
 using Fields = std::map<std::size_t, std::int32_t>;
 
-const ByteOrder bothOrders[] = {ByteOrder::littleEndian, ByteOrder::bigEndian};
-
 /// The SEG2 file that a record becomes.
 ParsedSeg2 toParsedSeg2(ReadRecord *read, const std::string &bytes)
 {

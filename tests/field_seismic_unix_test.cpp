@@ -11,8 +11,6 @@ namespace {
 
 using Floats = std::vector<float>;
 
-const ByteOrder bothOrders[] = {ByteOrder::littleEndian, ByteOrder::bigEndian};
-
 /// Two traces of three samples, 500 microseconds.
 std::string twoTraces(ByteOrder byteOrder)
 {

@@ -10,6 +10,7 @@
 #include "field/winsism_picks.h"
 
 #include "tests/support/field_picks.h"
+#include "tests/support/odd_files.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +22,7 @@
 namespace {
 
 /// One survey in every format. Elevations are 0, as one of the formats has none.
-struct Case
+struct ShapedFormat
 {
     const char *name;
     ReadPicks *read;
@@ -32,7 +33,7 @@ struct Case
 const char oneShot[] = "-2.5,0: 0,0=0.0021 5,0=0.0105; ";
 const char twoShots[] = "-2.5,0: 0,0=0.0021 5,0=0.0105; 12.5,0: 0,0=0.0152 5,0=0.0081; ";
 
-const Case cases[] = {
+const ShapedFormat formats[] = {
     {"generic", readGenericPicks, {"-2.5;0", "0;0;0.0021", "5;0;0.0105"}, oneShot},
     {"geogiga",
      readGeogigaPicks,
@@ -79,17 +80,7 @@ std::string joined(const Remarks &lines, const std::string &before, const std::s
 }
 
 /// Bytes of ASCII in UTF-16.
-std::string inUtf16(const std::string &text, bool isBigEndian)
-{
-    std::string bytes = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
-    for (const char character : text) {
-        bytes += isBigEndian ? '\0' : character;
-        bytes += isBigEndian ? character : '\0';
-    }
-    return bytes;
-}
-
-void expectSurvey(const Case &format, const std::string &bytes)
+void expectSurvey(const ShapedFormat &format, const std::string &bytes)
 {
     const PickReading reading = readPicks(format.read, bytes);
     EXPECT_EQ(reading.failure, "") << format.name << ":\n" << bytes;
@@ -101,7 +92,7 @@ void expectSurvey(const Case &format, const std::string &bytes)
 
 TEST(Shapes, AnyLineEnds)
 {
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         for (const char *end : {"\n", "\r\n", "\r"}) {
             const std::string text = joined(format.lines, "", end);
             expectSurvey(format, text);
@@ -112,17 +103,17 @@ TEST(Shapes, AnyLineEnds)
 
 TEST(Shapes, AnyEncodingWithAMark)
 {
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         const std::string text = joined(format.lines, "", "\r\n");
         expectSurvey(format, "\xEF\xBB\xBF" + text);
-        expectSurvey(format, inUtf16(text, false));
+        expectSurvey(format, inUtf16(text));
         expectSurvey(format, inUtf16(text, true));
     }
 }
 
 TEST(Shapes, BlanksAndTabsAroundLines)
 {
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         expectSurvey(format, joined(format.lines, " \t ", " \t\n"));
         expectSurvey(format, joined(format.lines, "\t", "\t\n"));
     }
@@ -130,7 +121,7 @@ TEST(Shapes, BlanksAndTabsAroundLines)
 
 TEST(Shapes, BlanksAndTabsBetweenFields)
 {
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         const std::string text = joined(format.lines, "", "\n");
         for (const std::string &blanks :
              {std::string("   "), std::string("\t"), std::string(" \t ")}) {
@@ -148,7 +139,7 @@ TEST(Shapes, BlanksAndTabsBetweenFields)
 
 TEST(Shapes, CommentsAndEmptyLines)
 {
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         expectSurvey(format, joined(format.lines, "", "\n# a comment\n"));
         expectSurvey(format, joined(format.lines, "", "\n\n"));
         expectSurvey(format, joined(format.lines, "", "\n \t\n  # one, two; 3 4 5\n\n"));
@@ -163,7 +154,7 @@ TEST(Shapes, TheReadersSayHowFarTheyAre)
     std::string comments;
     for (int i = 0; i < 8192; ++i)
         comments += "#\n";
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         const std::string text = comments + joined(format.lines, "", "\n");
         const auto size = static_cast<double>(text.size());
         std::vector<double> fractions;
@@ -176,7 +167,7 @@ TEST(Shapes, TheReadersSayHowFarTheyAre)
 
 TEST(Shapes, KeywordsInAnyCase)
 {
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         std::string lower = joined(format.lines, "", "\n");
         std::string upper = lower;
         for (char &character : lower)
@@ -190,7 +181,7 @@ TEST(Shapes, KeywordsInAnyCase)
 
 TEST(Shapes, NoSurveyIsReadFromAFileThatIsCutShort)
 {
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         for (std::size_t i = 0; i < format.lines.size(); ++i) {
             const PickReading reading = readPicks(
                 format.read,
@@ -208,7 +199,7 @@ TEST(Merging, FilesOfAnyFormatsBecomeOneSurvey)
 {
     PickReading all;
     std::string expected;
-    for (const Case &format : cases) {
+    for (const ShapedFormat &format : formats) {
         all = readPicks(format.read, joined(format.lines, "", "\n"), {}, all.picks);
         EXPECT_EQ(all.failure, "") << format.name;
         expected += format.described;
@@ -230,7 +221,7 @@ TEST(Merging, FilesOfAnyFormatsBecomeOneSurvey)
 
 TEST(Merging, OneFileTwiceIsTwoSurveys)
 {
-    const std::string text = joined(cases[2].lines, "", "\n");
+    const std::string text = joined(formats[2].lines, "", "\n");
     const TemporaryFolder folder;
     const std::string path = folder.write("line", text);
     PickSurvey picks;

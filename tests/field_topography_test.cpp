@@ -13,7 +13,7 @@
 namespace {
 
 /// Two shots whose layouts differ in the elevation of one receiver.
-PickSurvey twoShots()
+PickSurvey picksOfTwoShots()
 {
     PickSurvey picks;
     addShot(picks, {0.0, 1.0, ""}, {"line", 1}, {{{2.0, 7.0}, 0.01, 2}, {{8.0, 7.0}, 0.02, 3}});
@@ -26,7 +26,7 @@ PickSurvey twoShots()
 PickReading raised(const std::string &topography)
 {
     const TemporaryFolder folder;
-    PickReading reading{twoShots()};
+    PickReading reading{picksOfTwoShots()};
     Report report;
     applyTopography(folder.write("topography", topography), reading.picks, report);
     addReport(reading, report);
@@ -68,7 +68,7 @@ TEST(Topography, ElevationsLieOnTheLinesBetweenItsPoints)
 
 TEST(Topography, LayoutsThatBecomeEqualAreShared)
 {
-    EXPECT_EQ(twoShots().survey.spreads.size(), 2U);
+    EXPECT_EQ(picksOfTwoShots().survey.spreads.size(), 2U);
     PickReading reading = raised("0;100\n10;99\n");
     const TraveltimeSurvey &survey = reading.picks.survey;
     EXPECT_EQ(survey.spreads.size(), 1U);

@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/generic_reading.h"
+#include "tests/support/special_numbers.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <sstream>
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /// "x elevation time" of each receiver of a file of this text, a line each.
 std::string receiversOf(const std::string &text)

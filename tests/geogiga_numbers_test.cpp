@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/geogiga_reading.h"
+#include "tests/support/special_numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -99,7 +100,6 @@ TEST(Geogiga, ANegativeReceiverCountInALaterBlockReadsNoRows)
 
 TEST(Geogiga, NumbersBehindKeywords)
 {
-    const double infinity = std::numeric_limits<double>::infinity();
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const struct
     {

@@ -4,6 +4,7 @@
 #include "traveltime/text.h"
 
 #include "tests/support/reading.h"
+#include "tests/support/special_numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +19,6 @@
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// Equal with the sign of zero, and NaN equal to NaN.
 bool identical(double a, double b)

@@ -4,6 +4,7 @@
 #include "traveltime/otte_writer.h"
 
 #include "tests/support/reading.h"
+#include "tests/support/special_numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -98,7 +99,6 @@ TEST(OtteWriter, NegativeTimePasses)
 
 TEST(OtteWriter, TimesAtTheEdgesOfSixDigits)
 {
-    const double infinity = std::numeric_limits<double>::infinity();
     const struct
     {
         double time;
@@ -125,7 +125,6 @@ TEST(OtteWriter, TimesAtTheEdgesOfSixDigits)
 
 TEST(OtteWriter, PositionsAtTheEdgesOfSixDigits)
 {
-    const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(
         written({{},
                  {{{999999.5, 1000.0}, {1234567.0, 0.0001}, {100000.0, 0.00001}, {1e6, -0.0}}},

@@ -4,6 +4,7 @@
 #include "seg2/seg2_file.h"
 
 #include "tests/support/seg2_writing.h"
+#include "tests/support/special_numbers.h"
 #include "tests/support/support.h"
 
 #include <gtest/gtest.h>
@@ -197,7 +198,6 @@ TEST(BuildTrace, SixStrings)
 TEST(BuildTrace, NumbersHaveSixSignificantDigits)
 {
     const double infinite = std::numeric_limits<double>::infinity();
-    const double notANumber = std::numeric_limits<double>::quiet_NaN();
     const std::pair<double, const char *> cases[] = {
         {0.0, "0"},
         {-0.0, "-0"},

@@ -58,7 +58,7 @@ std::string fileOfShots(int count)
 }
 
 /// The remarks on files of so many shots each, each with the number of its file.
-Texts remarksOn(const std::vector<int> &shotCounts)
+Texts remarksOnShots(const std::vector<int> &shotCounts)
 {
     const TemporaryFolder folder;
     Texts files;
@@ -280,10 +280,10 @@ TEST(SeveralSeisImagerFiles, FileNamesWithBlanksAndLettersOutsideOfAscii)
 
 TEST(SeveralSeisImagerFiles, OfOneShotEachAreNoRemark)
 {
-    EXPECT_EQ(remarksOn({1, 1, 1}), Texts{});
-    EXPECT_EQ(remarksOn({1}), Texts{});
-    EXPECT_EQ(remarksOn({3}), Texts{}); // one file numbers its own shots
-    EXPECT_EQ(remarksOn({}), Texts{});
+    EXPECT_EQ(remarksOnShots({1, 1, 1}), Texts{});
+    EXPECT_EQ(remarksOnShots({1}), Texts{});
+    EXPECT_EQ(remarksOnShots({3}), Texts{}); // one file numbers its own shots
+    EXPECT_EQ(remarksOnShots({}), Texts{});
 }
 
 TEST(SeveralSeisImagerFiles, ThatAreNotNumberedThroughAreARemarkOnTheFirstReason)
@@ -291,15 +291,15 @@ TEST(SeveralSeisImagerFiles, ThatAreNotNumberedThroughAreARemarkOnTheFirstReason
     const std::string numbering = " in one of several files: the shots are not numbered through, "
                                   "so that picks go to another shot";
     const std::string noShots = "no shots, 2: there are no shots in this file";
-    EXPECT_EQ(remarksOn({2, 2}), Texts{"file 0: numbering, 2: 2 shots" + numbering});
-    EXPECT_EQ(remarksOn({1, 3, 2}), Texts{"file 1: numbering, 2: 3 shots" + numbering});
-    EXPECT_EQ(remarksOn({1, 2}), Texts{"file 1: numbering, 2: 2 shots" + numbering});
-    EXPECT_EQ(remarksOn({0, 1, 1}),
+    EXPECT_EQ(remarksOnShots({2, 2}), Texts{"file 0: numbering, 2: 2 shots" + numbering});
+    EXPECT_EQ(remarksOnShots({1, 3, 2}), Texts{"file 1: numbering, 2: 3 shots" + numbering});
+    EXPECT_EQ(remarksOnShots({1, 2}), Texts{"file 1: numbering, 2: 2 shots" + numbering});
+    EXPECT_EQ(remarksOnShots({0, 1, 1}),
               (Texts{"file 0: " + noShots, "file 0: numbering, 2: 0 shots" + numbering}));
     // By chance these are: the indices are 0 1 2 and 0 1.
-    EXPECT_EQ(remarksOn({2, 0, 1}), Texts{"file 1: " + noShots});
-    EXPECT_EQ(remarksOn({1, 1, 0}), Texts{"file 2: " + noShots});
-    EXPECT_EQ(remarksOn({0, 2}), Texts{"file 0: " + noShots});
+    EXPECT_EQ(remarksOnShots({2, 0, 1}), Texts{"file 1: " + noShots});
+    EXPECT_EQ(remarksOnShots({1, 1, 0}), Texts{"file 2: " + noShots});
+    EXPECT_EQ(remarksOnShots({0, 2}), Texts{"file 0: " + noShots});
 }
 
 TEST(SeveralSeisImagerFiles, RemarksOfAllFilesStand)

@@ -4,6 +4,7 @@
 #include "traveltime/survey_checks.h"
 
 #include "tests/support/reading.h"
+#include "tests/support/special_numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -118,7 +119,6 @@ TEST(CheckSurvey, TheMedianDecides)
 
 TEST(CheckSurvey, PicksWithoutOffsetOrTimeDoNotCount)
 {
-    const double infinity = std::numeric_limits<double>::infinity();
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(remarksOn(surveyOf({0.0, 0.0, -1.0, -1.0, 0.01, nan, nan})), Texts{});
     EXPECT_EQ(remarksOn(surveyOf({0.0, -1.0, 5.0})), Texts{tooSlow("2")});

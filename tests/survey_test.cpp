@@ -4,16 +4,15 @@
 #include "traveltime/survey.h"
 
 #include "readers/seisimager.h"
+#include "tests/support/special_numbers.h"
 #include "tests/support/support.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 const Spread threeReceivers = {{0.0, 100.0}, {5.0, 100.5}, {10.0, 101.0}};
 
@@ -108,7 +107,6 @@ TEST(SameSpread, NanIsUnequalToItself)
 TEST(SameSpread, ComparesAsNumbers)
 {
     EXPECT_TRUE(sameSpread({{0.0, -0.0}}, {{-0.0, 0.0}}));
-    const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_TRUE(sameSpread({{infinity, -infinity}}, {{infinity, -infinity}}));
     EXPECT_FALSE(sameSpread({{infinity, 0.0}}, {{-infinity, 0.0}}));
 }

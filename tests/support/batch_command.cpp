@@ -122,6 +122,11 @@ BatchRun finish(QProcess &process)
             process.readAllStandardError().toStdString()};
 }
 
+bool isPart(const std::string &name)
+{
+    return name.starts_with(".convert2velarix-part-");
+}
+
 void sendSignal(const QProcess &process, int signal)
 {
     kill(static_cast<pid_t>(process.processId()), signal);

@@ -54,6 +54,9 @@ public:
 void expectRefused(const BatchFolder &folder, const std::vector<std::string> &arguments,
                    const std::string &lines, const std::function<void()> &inChild = {});
 
+/// Whether a name is that of an output that is not in its place yet.
+bool isPart(const std::string &name);
+
 /// Waits for the end of a command that was started.
 BatchRun finish(QProcess &process);
 

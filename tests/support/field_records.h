@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+inline constexpr ByteOrder bothOrders[] = {ByteOrder::littleEndian, ByteOrder::bigEndian};
+
 /// What a reader made of a file.
 struct RecordReading
 {

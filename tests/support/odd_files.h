@@ -10,12 +10,12 @@
 
 inline const std::string byteOrderMark = "\xEF\xBB\xBF";
 
-/// A text of ASCII characters in UTF-16, little-endian, behind its byte order mark.
-inline std::string inUtf16(const std::string &text)
+/// A text of ASCII characters in UTF-16 behind its byte order mark.
+inline std::string inUtf16(const std::string &text, bool isBigEndian = false)
 {
-    std::string bytes = "\xFF\xFE";
+    std::string bytes = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
     for (const char character : text)
-        bytes += {character, '\0'};
+        bytes += isBigEndian ? std::string{'\0', character} : std::string{character, '\0'};
     return bytes;
 }
 
