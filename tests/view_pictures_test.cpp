@@ -5,6 +5,7 @@
 
 #include "tests/support/field_seismic_unix.h"
 
+#include <QDir>
 #include <QImage>
 #include <gtest/gtest.h>
 
@@ -236,4 +237,26 @@ TEST(ViewPictures, RecordIsDrawnWithItsPicks)
               (BatchRun{1, "",
                         "other.su: a picture has one record: give the others pictures of their "
                         "own\n"}));
+}
+
+// docs/make_pictures.sh makes them anew. Elsewhere the fonts may be others.
+TEST(ViewPictures, ThoseOfThePagesAreAsNowDrawn)
+{
+    if (readFile("/etc/os-release").find("VERSION_CODENAME=bookworm\n") == std::string::npos)
+        GTEST_SKIP() << "not Debian 12";
+    const Pictures pictures;
+    const QString docs = QDir::cleanPath(VIEW_MAN_PAGE "/../../docs") + '/';
+    const QString folder = QString::fromStdString(pictures.path(""));
+    pictures.ask("sh", {docs + "make_pictures.sh", BATCH_COMMAND, folder});
+    for (const char *name : {"traveltimes.png", "record.png", "findings.png"}) {
+        const QImage drawn(folder + name);
+        const QImage shown(docs + name);
+        ASSERT_EQ(drawn.size(), QSize(1000, 640)) << name;
+        ASSERT_EQ(shown.size(), drawn.size()) << name;
+        int others = 0;
+        for (int y = 0; y < drawn.height(); ++y)
+            for (int x = 0; x < drawn.width(); ++x)
+                others += drawn.pixel(x, y) == shown.pixel(x, y) ? 0 : 1;
+        EXPECT_LT(others, 1000 * 640 / 200) << name;
+    }
 }
