@@ -38,7 +38,7 @@ void look()
     if (window->isModal() || window->parent() != nullptr || !window->isVisible())
         std::cout << "no free window, ";
     if (!QCoreApplication::organizationName().isEmpty()
-        || QCoreApplication::applicationName() != "application_test"
+        || QCoreApplication::applicationName() != "application_tests"
         || !QCoreApplication::applicationVersion().isEmpty() || !QApplication::windowIcon().isNull()
         || !QApplication::quitOnLastWindowClosed())
         std::cout << "application not plain, ";
@@ -204,8 +204,9 @@ int main(int argc, char *argv[])
         std::cout << ", main returned " << result;
         return result;
     }
-    ApplicationTest tests;
-    return runWindowTests(&tests, argc, argv);
+    return runNamedTests(argc, argv);
 }
+
+template struct WindowTests<ApplicationTest>;
 
 #include "application_test.moc"

@@ -19,7 +19,7 @@ const QStringList genericDialog = {
 };
 
 /// One record per shot, on one receiver at 0, picked at 1 ms.
-std::string seisImagerFile(const std::string &shotX)
+std::string oneShotFile(const std::string &shotX)
 {
     return "1996 0 3.0\n0 1\n" + shotX + " 1\n0 1\n";
 }
@@ -151,9 +151,8 @@ private slots:
     {
         turnTo(*window, "page");
         tick(*window, "multiTTFiles");
-        const QStringList names = {file("b.vs", seisImagerFile("1")),
-                                   file("a a.vs", seisImagerFile("2")),
-                                   file("é.vs", seisImagerFile("3"))};
+        const QStringList names = {file("b.vs", oneShotFile("1")), file("a a.vs", oneShotFile("2")),
+                                   file("é.vs", oneShotFile("3"))};
         QStringList chosen;
         QCOMPARE(click(*window, "browseInputButton", {choose(names, seisImager, &chosen)}),
                  QStringList());
@@ -182,8 +181,7 @@ private slots:
     {
         turnTo(*window, "page");
         tick(*window, "multiTTFiles");
-        const QStringList names = {file("a.vs", seisImagerFile("1")),
-                                   file("b.vs", seisImagerFile("2"))};
+        const QStringList names = {file("a.vs", oneShotFile("1")), file("b.vs", oneShotFile("2"))};
         QCOMPARE(click(*window, "browseInputButton", {choose(names, seisImager)}), QStringList());
         QCOMPARE(click(*window, "browseInputButton", {cancel()}), QStringList());
         QCOMPARE(textOf(*window, "inputEdit"), "");
@@ -198,12 +196,12 @@ private slots:
 
     void choosingOneFileOnTheStructuredPageKeepsTheListOfSeveral()
     {
-        const QStringList names = {file("a.txt", seisImagerFile("1")),
-                                   file("b.txt", seisImagerFile("2"))};
+        const QStringList names = {file("a.txt", oneShotFile("1")),
+                                   file("b.txt", oneShotFile("2"))};
         QCOMPARE(click(*window, "browseInputButton_3", {choose(names)}), QStringList());
         turnTo(*window, "page");
         QCOMPARE(click(*window, "browseInputButton",
-                       {choose({file("c.vs", seisImagerFile("3"))}, seisImager)}),
+                       {choose({file("c.vs", oneShotFile("3"))}, seisImager)}),
                  QStringList());
         tick(*window, "multiTTFiles");
         QCOMPARE(convertedSeisImagerShots(), "1;2;");
@@ -216,7 +214,7 @@ private slots:
         turnTo(*window, "page");
         tick(*window, "multiTTFiles");
         QCOMPARE(click(*window, "browseInputButton",
-                       {choose({file("c.vs", seisImagerFile("3"))}, seisImager)}),
+                       {choose({file("c.vs", oneShotFile("3"))}, seisImager)}),
                  QStringList());
         QCOMPARE(convertedSeisImagerShots(), "3;");
         turnTo(*window, "page_3");
@@ -400,10 +398,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixBrowseTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixBrowseTest>;
 
 #include "convert2velarix_browse_test.moc"

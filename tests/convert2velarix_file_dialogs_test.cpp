@@ -199,10 +199,6 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixFileDialogsTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixFileDialogsTest>;
 
 #include "convert2velarix_file_dialogs_test.moc"

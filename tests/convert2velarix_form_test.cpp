@@ -268,10 +268,6 @@ private:
     std::unique_ptr<Convert2VelarixDialog> window;
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixFormTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixFormTest>;
 
 #include "convert2velarix_form_test.moc"

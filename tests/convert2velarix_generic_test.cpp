@@ -249,10 +249,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixGenericTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixGenericTest>;
 
 #include "convert2velarix_generic_test.moc"

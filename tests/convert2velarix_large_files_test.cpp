@@ -115,10 +115,6 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixLargeFilesTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixLargeFilesTest>;
 
 #include "convert2velarix_large_files_test.moc"

@@ -89,10 +89,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixPagesTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixPagesTest>;
 
 #include "convert2velarix_pages_test.moc"

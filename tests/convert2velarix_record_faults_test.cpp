@@ -308,10 +308,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixRecordFaultsTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixRecordFaultsTest>;
 
 #include "convert2velarix_record_faults_test.moc"

@@ -168,10 +168,6 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixSeismicTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixSeismicTest>;
 
 #include "convert2velarix_seismic_test.moc"

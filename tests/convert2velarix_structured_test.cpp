@@ -320,10 +320,6 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixStructuredTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixStructuredTest>;
 
 #include "convert2velarix_structured_test.moc"

@@ -216,10 +216,6 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixTraveltimeFaultsTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixTraveltimeFaultsTest>;
 
 #include "convert2velarix_traveltime_faults_test.moc"

@@ -168,10 +168,6 @@ private:
     std::unique_ptr<Convert2VelarixDialog> window;
 };
 
-int main(int argc, char *argv[])
-{
-    Convert2VelarixWindowTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<Convert2VelarixWindowTest>;
 
 #include "convert2velarix_window_test.moc"

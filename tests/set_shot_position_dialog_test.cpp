@@ -356,10 +356,6 @@ private:
     std::unique_ptr<SetShotPositionDialog> dialog;
 };
 
-int main(int argc, char *argv[])
-{
-    SetShotPositionDialogTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<SetShotPositionDialogTest>;
 
 #include "set_shot_position_dialog_test.moc"

@@ -120,10 +120,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    ViewBadFilesTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewBadFilesTest>;
 
 #include "view_bad_files_test.moc"

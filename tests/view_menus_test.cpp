@@ -350,10 +350,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    ViewMenusTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewMenusTest>;
 
 #include "view_menus_test.moc"

@@ -40,12 +40,6 @@ QImage pictureOf(QCustomPlot &plot)
     return plot.toPixmap(600, 400).toImage();
 }
 
-bool isNear(const QColor &a, const QColor &b)
-{
-    return std::abs(a.red() - b.red()) < 12 && std::abs(a.green() - b.green()) < 12
-           && std::abs(a.blue() - b.blue()) < 12;
-}
-
 } // namespace
 
 class ViewPicksTest : public QObject
@@ -173,10 +167,10 @@ private slots:
         drawPicks(*plot, twoShots(), {}, onPaper());
         const QImage picture = pictureOf(*plot);
         const QCPAxisRect &times = *axesNamed(*plot, "times");
-        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 0, 12)), QColor(0x01, 0x27, 0x55)));
-        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 30, 15)), QColor(0xe5, 0x5a, 0x14)));
-        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 7.5, 8 - 2)), Qt::white));
-        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 2, 22)), Qt::white));
+        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 0, 12)), QColor(0x01, 0x27, 0x55), 12));
+        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 30, 15)), QColor(0xe5, 0x5a, 0x14), 12));
+        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 7.5, 8 - 2)), Qt::white, 12));
+        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 2, 22)), Qt::white, 12));
     }
 
     void onDarkPaperLinesAreLight()
@@ -187,8 +181,8 @@ private slots:
         drawPicks(*plot, twoShots(), {}, options);
         const QImage picture = pictureOf(*plot);
         const QCPAxisRect &times = *axesNamed(*plot, "times");
-        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 2, 22)), QColor(30, 30, 30)));
-        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 0, 12)), QColor(0xea, 0xed, 0xfe)));
+        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 2, 22)), QColor(30, 30, 30), 12));
+        QVERIFY(isNear(picture.pixelColor(pixelOf(times, 0, 12)), QColor(0xea, 0xed, 0xfe), 12));
         QCOMPARE(times.axis(QCPAxis::atLeft)->tickLabelColor(), QColor(240, 240, 240));
         QCOMPARE(times.axis(QCPAxis::atLeft)->labelColor(), QColor(240, 240, 240));
     }
@@ -408,10 +402,6 @@ private:
     std::unique_ptr<QCustomPlot> plot;
 };
 
-int main(int argc, char *argv[])
-{
-    ViewPicksTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewPicksTest>;
 
 #include "view_picks_test.moc"

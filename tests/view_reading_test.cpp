@@ -111,10 +111,6 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    ViewReadingTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewReadingTest>;
 
 #include "view_reading_test.moc"

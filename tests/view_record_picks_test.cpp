@@ -15,7 +15,7 @@ namespace {
 const QColor orange(213, 94, 0);
 
 /// Traces at 0, 5 and 10 m of a shot at -2.5 m, and at 5 and 10 m of one at 20 m.
-RecordData twoShots()
+RecordData recordOfTwoShots()
 {
     RecordData record =
         recordOf({drawnTraceAt(0, peakAndTrough()), drawnTraceAt(5, peakAndTrough()),
@@ -58,7 +58,7 @@ private slots:
         addShot(picks, 1, 20, {{10, 8}, {0, 30}, {5, 20}}, 215.0); // whatever the elevation
         addShot(picks, 2, 19, {{10, 9}});                          // no shot of the record
         addShot(picks, 3, -2.5, {{5, 12}, {7, 13}, {0, 4}});
-        QCOMPARE(textsOf(picksOn(twoShots(), picks)),
+        QCOMPARE(textsOf(picksOn(recordOfTwoShots(), picks)),
                  (QStringList{"0 2 2 4", "1 2 0 12", "3 0 2 20", "4 0 0 8"}));
     }
 
@@ -67,12 +67,12 @@ private slots:
         PickSurvey picks;
         addShot(picks, 1, -2.49, {{5.01, 1}, {4.99, 2}, {10.02, 3}});
         addShot(picks, 2, -2.48, {{5, 4}});
-        QCOMPARE(textsOf(picksOn(twoShots(), picks)), (QStringList{"1 0 0 1", "1 0 1 2"}));
+        QCOMPARE(textsOf(picksOn(recordOfTwoShots(), picks)), (QStringList{"1 0 0 1", "1 0 1 2"}));
     }
 
     void allShotsAndTracesAtOnePlaceMatch()
     {
-        RecordData record = twoShots();
+        RecordData record = recordOfTwoShots();
         record.shots[1].position->x = -2.5;
         PickSurvey picks;
         addShot(picks, 1, -2.5, {{10, 1}});
@@ -83,14 +83,14 @@ private slots:
 
     void withoutPositionsNothingMatches()
     {
-        RecordData record = twoShots();
+        RecordData record = recordOfTwoShots();
         PickSurvey picks;
         QVERIFY(picksOn(record, picks).empty());
         addShot(picks, 1, -2.5, {{10, 1}});
         QCOMPARE(picksOn(record, picks).size(), 1U);
         record.traces[2].receiver = {};
         QVERIFY(picksOn(record, picks).empty());
-        record = twoShots();
+        record = recordOfTwoShots();
         record.shots[0].position = {};
         QVERIFY(picksOn(record, picks).empty());
     }
@@ -118,16 +118,16 @@ private slots:
     void marksAreReplacedAndGoWithTheirRecord()
     {
         draw(RecordStyle::wiggles, TraceSpacing::byNumber, {});
-        drawRecordPicks(*plot, picksOn(twoShots(), {}), orange);
+        drawRecordPicks(*plot, picksOn(recordOfTwoShots(), {}), orange);
         QCOMPARE(plot->graphCount(), 1);
         QCOMPARE(pointsOf(*plot, "Picks"), QStringList{""});
-        drawRecord(*plot, shared(twoShots()), {});
+        drawRecord(*plot, shared(recordOfTwoShots()), {});
         QCOMPARE(plot->graphCount(), 0);
     }
 
     void samplesWithoutTimesHaveNoMarks()
     {
-        RecordData record = twoShots();
+        RecordData record = recordOfTwoShots();
         for (DrawnTrace &trace : record.traces)
             trace.sampleInterval = 0.0;
         drawRecord(*plot, shared(record), {});
@@ -154,8 +154,8 @@ private:
         options.spacing = spacing;
         options.shot = shot;
         options.palette = paperPalette();
-        drawRecord(*plot, shared(twoShots()), options);
-        drawRecordPicks(*plot, picksOn(twoShots(), survey()), orange);
+        drawRecord(*plot, shared(recordOfTwoShots()), options);
+        drawRecordPicks(*plot, picksOn(recordOfTwoShots(), survey()), orange);
         showWholeRecord(*plot);
         picture = plot->toPixmap(600, 400).toImage();
     }
@@ -169,10 +169,6 @@ private:
     QImage picture;
 };
 
-int main(int argc, char *argv[])
-{
-    ViewRecordPicksTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewRecordPicksTest>;
 
 #include "view_record_picks_test.moc"

@@ -34,12 +34,6 @@ const QColor white(255, 255, 255);
 const QColor black(0, 0, 0);
 const QColor middleGrey(128, 128, 128);
 
-bool isNear(const QColor &a, const QColor &b)
-{
-    return std::abs(a.red() - b.red()) < 4 && std::abs(a.green() - b.green()) < 4
-           && std::abs(a.blue() - b.blue()) < 4;
-}
-
 } // namespace
 
 class ViewRecordPlotTest : public QObject
@@ -81,9 +75,9 @@ private slots:
         QCOMPARE(colourAt(0.6, 50), black);
         QCOMPARE(colourAt(1.4, 50), black);
         QCOMPARE(colourAt(1.6, 50), white);
-        QVERIFY(isNear(colourAt(1.0, 20), middleGrey));
-        QVERIFY(isNear(colourAt(1.0, 75), QColor(191, 191, 191))); // half a trough
-        QVERIFY(isNear(colourAt(2.0, 75), QColor(64, 64, 64)));
+        QVERIFY(isNear(colourAt(1.0, 20), middleGrey, 4));
+        QVERIFY(isNear(colourAt(1.0, 75), QColor(191, 191, 191), 4)); // half a trough
+        QVERIFY(isNear(colourAt(2.0, 75), QColor(64, 64, 64), 4));
     }
 
     void clippingDarkens()
@@ -110,7 +104,7 @@ private slots:
         QCOMPARE(colourAt(1.0, 50), black);
         options.gain = RecordGain::byRecord;
         draw(record, options);
-        QVERIFY(isNear(colourAt(1.0, 50), QColor(115, 115, 115))); // a tenth
+        QVERIFY(isNear(colourAt(1.0, 50), QColor(115, 115, 115), 4)); // a tenth
         QCOMPARE(colourAt(2.0, 50), black);
     }
 
@@ -209,7 +203,7 @@ private slots:
         QCOMPARE(rangeOf(*plot->xAxis), "4.5,5.5");
         QCOMPARE(colourAt(5, 15), black);
         QCOMPARE(colourAt(5, 50), black);
-        QVERIFY(isNear(colourAt(5, 30), middleGrey));
+        QVERIFY(isNear(colourAt(5, 30), middleGrey, 4));
     }
 
     void manyTracesAreADensityUntilFewAreInView()
@@ -373,10 +367,6 @@ private:
     QImage picture;
 };
 
-int main(int argc, char *argv[])
-{
-    ViewRecordPlotTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewRecordPlotTest>;
 
 #include "view_record_plot_test.moc"

@@ -294,10 +294,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    ViewRecordsTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewRecordsTest>;
 
 #include "view_records_test.moc"

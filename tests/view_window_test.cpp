@@ -285,10 +285,6 @@ private:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    ViewWindowTest tests;
-    return runWindowTests(&tests, argc, argv);
-}
+template struct WindowTests<ViewWindowTest>;
 
 #include "view_window_test.moc"

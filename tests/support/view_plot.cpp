@@ -78,3 +78,9 @@ QString rangeOf(const QCPAxis &axis)
 {
     return number(axis.range().lower) + ',' + number(axis.range().upper);
 }
+
+bool isNear(const QColor &a, const QColor &b, int limit)
+{
+    return std::abs(a.red() - b.red()) < limit && std::abs(a.green() - b.green()) < limit
+           && std::abs(a.blue() - b.blue()) < limit;
+}

@@ -39,3 +39,6 @@ QString shownTitle(const QCustomPlot &plot);
 
 /// "-2,12", of an axis, in up to six digits.
 QString rangeOf(const QCPAxis &axis);
+
+/// Whether each of red, green and blue differs by less than so much.
+bool isNear(const QColor &a, const QColor &b, int limit);

@@ -21,6 +21,7 @@
 #include <QToolBox>
 
 #include <clocale>
+#include <map>
 
 namespace {
 
@@ -125,7 +126,28 @@ void dropPlatformRemarks(QtMsgType type, const QMessageLogContext &context, cons
         passOn(type, context, message);
 }
 
+std::map<QString, RunTests *> &allTests()
+{
+    static std::map<QString, RunTests *> tests;
+    return tests;
+}
+
 } // namespace
+
+bool addTests(const QMetaObject &tests, RunTests *run)
+{
+    return allTests().emplace(QString(tests.className()).toLower(), run).second;
+}
+
+int runNamedTests(int argc, char *argv[])
+{
+    const QString name = argc > 1 ? argv[1] : "";
+    const auto found = allTests().find(QString(name).remove('_') + "test");
+    if (found == allTests().end())
+        qFatal("%s_test.cpp holds no test of this program.", qPrintable(name));
+    argv[1] = argv[0];
+    return found->second(argc - 1, argv + 1);
+}
 
 int runWindowTests(QObject *tests, int argc, char *argv[])
 {

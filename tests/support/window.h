@@ -17,6 +17,28 @@
 /// own. A test function that takes longer than a minute ends the program.
 int runWindowTests(QObject *tests, int argc, char *argv[]);
 
+/// Runs the tests of one class.
+using RunTests = int(int argc, char *argv[]);
+
+/// Runs the tests of the file that the first argument names without its "_test.cpp", for instance
+/// view_records those of ViewRecordsTest. The other arguments are for Qt.
+int runNamedTests(int argc, char *argv[]);
+
+/// Adds to what runNamedTests() knows; returns true.
+bool addTests(const QMetaObject &tests, RunTests *run);
+
+/// Instantiated, adds a class of tests to those.
+template <typename Tests>
+struct WindowTests
+{
+    static int run(int argc, char *argv[])
+    {
+        Tests tests;
+        return runWindowTests(&tests, argc, argv);
+    }
+    static inline const bool isAdded = addTests(Tests::staticMetaObject, run);
+};
+
 /// For init(): a slot without its button fails the test, and the log is kept clean of what Qt's
 /// windowless platform says about itself.
 void prepareTest();
