@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int receivers = 48;
+constexpr int receiverCount = 48;
 
 int shotCount(benchmark::State &state)
 {
@@ -41,7 +41,7 @@ void seisImagerReader(benchmark::State &state, Layouts layouts)
 {
     const TemporaryFolder folder;
     const std::string path = folder.path("line.vs");
-    writeSeisImager(path, shotCount(state), receivers, layouts);
+    writeSeisImager(path, shotCount(state), receiverCount, layouts);
     measure(state, [&path](TraveltimeSurvey &survey) {
         return readSeisImagerTraveltimes(path, survey.traveltimes, survey.spreads, survey.shots);
     });
@@ -63,7 +63,7 @@ void geogigaReader(benchmark::State &state)
 {
     const TemporaryFolder folder;
     const std::string path = folder.path("line.txt");
-    writeGeogiga(path, shotCount(state), receivers);
+    writeGeogiga(path, shotCount(state), receiverCount);
     measure(state, [&path](TraveltimeSurvey &survey) {
         return readGeogigaTraveltimes(path, survey.traveltimes, survey.spreads, survey.shots);
     });
@@ -74,7 +74,7 @@ void winsismReader(benchmark::State &state)
 {
     const TemporaryFolder folder;
     const std::string path = folder.path("line.xyz");
-    writeWinsism(path, shotCount(state), receivers);
+    writeWinsism(path, shotCount(state), receiverCount);
     measure(state, [&path](TraveltimeSurvey &survey) {
         return readWinsismTraveltimes(path, survey.traveltimes, survey.spreads, survey.shots);
     });
@@ -85,7 +85,7 @@ void genericReader(benchmark::State &state)
 {
     const TemporaryFolder folder;
     const int shots = shotCount(state);
-    writeGeneric(folder.path(""), shots, receivers);
+    writeGeneric(folder.path(""), shots, receiverCount);
     measure(state, [&](TraveltimeSurvey &survey) {
         for (int shot = 1; shot <= shots; ++shot) {
             const std::string path = folder.path("shot" + std::to_string(shot) + ".txt");
@@ -101,7 +101,7 @@ void otteWriter(benchmark::State &state)
 {
     const TemporaryFolder folder;
     TraveltimeSurvey survey;
-    writeSeisImager(folder.path("line.vs"), shotCount(state), receivers, Layouts::Rolling);
+    writeSeisImager(folder.path("line.vs"), shotCount(state), receiverCount, Layouts::Rolling);
     readSeisImagerTraveltimes(folder.path("line.vs"), survey.traveltimes, survey.spreads,
                               survey.shots);
     for (auto _ : state) {

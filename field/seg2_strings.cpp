@@ -146,7 +146,7 @@ std::string notUnderstood(const Seg2Strings &strings)
     return key + " \"" + value + "\" is not understood: day/month/year and hh:mm:ss are";
 }
 
-constexpr std::array units = {
+constexpr std::array unitWords = {
     std::pair{"meters", LengthUnit{1.0, 1.0}},
     std::pair{"metres", LengthUnit{1.0, 1.0}},
     std::pair{"feet", LengthUnit{381.0, 1250.0}},
@@ -160,8 +160,8 @@ void readUnits(Seg2Strings &strings, Seg2Common &common, Report &report)
     if (!name)
         return;
     const auto unit = std::ranges::find_if(
-        units, [&name](const auto &candidate) { return sameWord(*name, candidate.first); });
-    if (unit == units.end()) {
+        unitWords, [&name](const auto &candidate) { return sameWord(*name, candidate.first); });
+    if (unit == unitWords.end()) {
         strings[unitsKey] = *name;
         remark(report, RemarkKind::geometry,
                "UNITS is \"" + *name + "\": positions are taken as metres");

@@ -3,6 +3,7 @@
 
 #include "field/seg2.h"
 #include "field/seismic_unix.h"
+#include "tests/support/faults.h"
 #include "tests/support/field_records.h"
 #include "tests/support/field_seg2.h"
 
@@ -13,6 +14,8 @@
 #include <random>
 
 namespace {
+
+constexpr int recordCount = isAddressSanitized ? 100 : 1000;
 
 /// A record of a few traces, whose fields and samples are any.
 std::string anyRecord(std::mt19937 &random, ByteOrder byteOrder)
@@ -48,7 +51,7 @@ std::string anyRecord(std::mt19937 &random, ByteOrder byteOrder)
 TEST(FieldRecordRoundTrips, SeismicUnixThroughSeg2IsTheSameBitForBit)
 {
     std::mt19937 random(20260);
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < 2 * recordCount; ++i) {
         const bool isBig = i % 2 != 0;
         const ByteOrder byteOrder = isBig ? ByteOrder::bigEndian : ByteOrder::littleEndian;
         const std::string record = anyRecord(random, byteOrder);
@@ -78,7 +81,7 @@ TEST(FieldRecordRoundTrips, FloatsOfAHeaderThatAreNoNumbersKeepTheirBits)
 TEST(FieldRecordRoundTrips, SeismicUnixThroughTheOtherByteOrderIsTheSame)
 {
     std::mt19937 random(7);
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < recordCount; ++i) {
         const std::string little = anyRecord(random, ByteOrder::littleEndian);
         const std::string big = convertBytes(readSeismicUnix, little, toBigSu).output;
         ASSERT_EQ(big.size(), little.size());
@@ -150,7 +153,7 @@ std::string described(const RecordTrace &trace)
 TEST(FieldRecordRoundTrips, Seg2OfEveryKindThroughSeg2IsTheSame)
 {
     std::mt19937 random(55);
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < recordCount; ++i) {
         const ByteOrder byteOrder = i % 2 == 0 ? ByteOrder::littleEndian : ByteOrder::bigEndian;
         const std::string record = anySeg2(random, byteOrder);
         const RecordReading reading = readRecord(readSeg2, record);

@@ -6,6 +6,7 @@
 #include "field/seisimager_picks.h"
 #include "field/sgt_picks.h"
 #include "readers/seisimager.h"
+#include "tests/support/faults.h"
 #include "tests/support/field_picks.h"
 #include "traveltime/otte_writer.h"
 
@@ -20,8 +21,8 @@
 
 namespace {
 
-constexpr int surveyCount = 2000;
-constexpr int fewSurveys = 500;
+constexpr int surveyCount = isAddressSanitized ? 200 : 2000;
+constexpr int fewSurveys = isAddressSanitized ? 50 : 500;
 
 using Random = std::mt19937_64;
 
