@@ -38,8 +38,10 @@ inline constexpr std::size_t dayOfYear = 158;
 inline constexpr std::size_t hour = 160;
 inline constexpr std::size_t minute = 162;
 inline constexpr std::size_t second = 164;
-inline constexpr std::size_t exactInterval = 180;                           // seconds, a float
-inline constexpr std::size_t headerSize = std::tuple_size_v<SuHeaderBytes>; // of all
+inline constexpr std::size_t exactInterval = 180; // seconds, a float
+
+/// Where the samples begin.
+inline constexpr std::size_t headerSize = std::tuple_size_v<SuHeaderBytes>;
 } // namespace su
 
 template <typename Number>
